@@ -1,0 +1,65 @@
+#include "core/mdlMain.h"
+
+#include "host/Platform.h"
+#include "value/Channels.h"
+#include "value/Convert.h"
+
+namespace celdora::mdlMain {
+
+std::shared_ptr<host::Recordset> AbrirConsulta(const std::shared_ptr<host::Connection>& connection,
+                                               const std::string& sql) {
+    std::shared_ptr<host::Recordset> result;
+    EndOnError([&] {
+        auto recordset = host::Crear<host::Recordset>(host::progid::Recordset);
+        if (!recordset) return;
+        recordset->activeconnection(connection);
+        recordset->Source(sql);
+        recordset->CursorLocation(host::adUseClient);
+        recordset->Open();
+        if (recordset->State() == host::adStateOpen) result = recordset;
+    });
+    return result;
+}
+
+Variant LeerValorConsulta(const std::shared_ptr<host::Connection>& connection, const std::string& sql,
+                          const std::string& campo) {
+    Variant result;
+    std::shared_ptr<host::Recordset> recordset;
+    ResumeNext([&] { recordset = AbrirConsulta(connection, sql); });
+    if (!recordset) return result;
+    ResumeNext([&] {
+        if (!(recordset->Eof() && recordset->Bof())) {
+            Variant value = campo != "" ? recordset->Fields(campo).Value() : recordset->Fields(0).Value();
+            if (!value.IsNull()) result = value;
+        }
+    });
+    ResumeNext([&] { recordset->Close(); });
+    return result;
+}
+
+bool ExisteRegistro(const std::shared_ptr<host::Connection>& connection, const std::string& tabla,
+                    std::int32_t clave, const std::string& campo) {
+    bool result = true;
+    std::shared_ptr<host::Recordset> recordset;
+    ResumeNext([&] {
+        recordset = AbrirConsulta(connection, "SELECT " + campo + " FROM " + tabla + " WHERE " + campo + "=" +
+                                                  std::to_string(clave));
+    });
+    if (recordset) {
+        ResumeNext([&] { result = !(recordset->Eof() && recordset->Bof()); });
+        ResumeNext([&] { recordset->Close(); });
+    }
+    return result;
+}
+
+std::string TextoCampo(host::Recordset& recordset, const std::string& campo) {
+    Variant value = recordset.Fields(campo).Value();
+    return value.IsNull() ? std::string() : CStr(value);
+}
+
+double NumeroCampo(host::Recordset& recordset, const std::string& campo) {
+    Variant value = recordset.Fields(campo).Value();
+    return value.IsNull() ? 0.0 : CDbl(value);
+}
+
+}  // namespace celdora::mdlMain

@@ -1,0 +1,218 @@
+#include "platform/common/RecordsetCliente.h"
+
+#include <utility>
+
+#include "platform/common/ConexionMotor.h"
+#include "platform/common/FallasAdo.h"
+#include "value/Text.h"
+
+namespace celdora::platform {
+
+namespace {
+
+// The client cursor's own refusals carry the provider's generic failure code.
+constexpr long kFallaProveedor = -2147467259;
+constexpr long kFilaNoEncontrada = -2147217864;
+
+Fault SinInformacionDeTabla(const std::string& detalle) {
+    return {kFallaProveedor, "Insufficient base table information for updating or refreshing: " + detalle};
+}
+
+Fault SinInformacionDeClave(const std::string& detalle) {
+    return {kFallaProveedor, "Insufficient key column information for updating or refreshing: " + detalle};
+}
+
+}  // namespace
+
+class RecordsetCliente::Campo : public host::Field {
+public:
+    Campo(RecordsetCliente& recordset, std::size_t columna) : recordset_(recordset), columna_(columna) {}
+
+    std::string Name() const override { return recordset_.columnas_[columna_].nombre; }
+    Variant Value() const override { return recordset_.Leer(columna_); }
+    void Value(const Variant& value) override { recordset_.Asignar(columna_, value); }
+
+private:
+    RecordsetCliente& recordset_;
+    std::size_t columna_;
+};
+
+RecordsetCliente::RecordsetCliente() = default;
+RecordsetCliente::~RecordsetCliente() = default;
+
+void RecordsetCliente::activeconnection(std::shared_ptr<host::Connection> connection) {
+    connection_ = std::move(connection);
+}
+std::shared_ptr<host::Connection> RecordsetCliente::activeconnection() const { return connection_; }
+void RecordsetCliente::Source(const std::string& statement) { source_ = statement; }
+std::string RecordsetCliente::Source() const { return source_; }
+void RecordsetCliente::CursorLocation(int location) { cursorLocation_ = location; }
+int RecordsetCliente::CursorLocation() const { return cursorLocation_; }
+
+void RecordsetCliente::Open() {
+    if (abierto_) throw ObjetoAbierto();
+    if (!connection_) throw ConexionNoUtilizable();
+    Tomar(MotorDe(connection_).Ejecutar(source_));
+}
+
+void RecordsetCliente::Open(const std::string& source, std::shared_ptr<host::Connection> connection, int cursorType,
+                            int lockType) {
+    if (abierto_) throw ObjetoAbierto();
+    source_ = source;
+    if (connection) connection_ = std::move(connection);
+    cursorType_ = cursorType;
+    lockType_ = lockType;
+    Open();
+}
+
+void RecordsetCliente::Cargar(std::shared_ptr<host::Connection> connection, std::string source,
+                              Resultado resultado) {
+    connection_ = std::move(connection);
+    source_ = std::move(source);
+    cursorType_ = host::adOpenForwardOnly;
+    lockType_ = host::adLockReadOnly;
+    abierto_ = false;
+    Tomar(std::move(resultado));
+}
+
+void RecordsetCliente::Tomar(Resultado resultado) {
+    asignados_.clear();
+    posicion_ = 0;
+    if (!resultado.tieneFilas) {
+        abierto_ = false;
+        columnas_.clear();
+        filas_.clear();
+        campos_.clear();
+        return;
+    }
+    columnas_ = std::move(resultado.columnas);
+    filas_ = std::move(resultado.filas);
+    campos_.clear();
+    for (std::size_t i = 0; i < columnas_.size(); ++i) campos_.push_back(std::make_unique<Campo>(*this, i));
+    abierto_ = true;
+}
+
+int RecordsetCliente::State() const { return abierto_ ? host::adStateOpen : host::adStateClosed; }
+
+void RecordsetCliente::ExigirAbierto() const {
+    if (!abierto_) throw ObjetoCerrado();
+}
+
+bool RecordsetCliente::Eof() const {
+    ExigirAbierto();
+    return posicion_ >= filas_.size();
+}
+
+// Only movenext moves the cursor, so it stands before the first row only
+// when there is none.
+bool RecordsetCliente::Bof() const {
+    ExigirAbierto();
+    return filas_.empty();
+}
+
+int RecordsetCliente::FieldCount() const {
+    ExigirAbierto();
+    return static_cast<int>(campos_.size());
+}
+
+host::Field& RecordsetCliente::Fields(const std::string& name) {
+    ExigirAbierto();
+    for (auto& campo : campos_)
+        if (EqualText(campo->Name(), name)) return *campo;
+    throw ElementoNoEncontrado();
+}
+
+host::Field& RecordsetCliente::Fields(int index) {
+    ExigirAbierto();
+    if (index < 0 || static_cast<std::size_t>(index) >= campos_.size()) throw ElementoNoEncontrado();
+    return *campos_[static_cast<std::size_t>(index)];
+}
+
+Variant RecordsetCliente::Leer(std::size_t columna) const {
+    ExigirAbierto();
+    if (Eof() || Bof()) throw SinRegistroActual();
+    if (auto asignado = asignados_.find(columna); asignado != asignados_.end()) return asignado->second;
+    return filas_[posicion_][columna];
+}
+
+bool RecordsetCliente::Actualizable() const {
+    return lockType_ == 2 || lockType_ == host::adLockOptimistic || lockType_ == 4;
+}
+
+void RecordsetCliente::Asignar(std::size_t columna, const Variant& valor) {
+    ExigirAbierto();
+    if (!Actualizable()) throw NoActualizable();
+    if (Eof() || Bof()) throw SinRegistroActual();
+    asignados_[columna] = valor;
+}
+
+void RecordsetCliente::movenext() {
+    ExigirAbierto();
+    if (Eof()) throw SinRegistroActual();
+    if (!asignados_.empty()) Update();
+    ++posicion_;
+}
+
+void RecordsetCliente::Update() {
+    ExigirAbierto();
+    if (!Actualizable()) throw NoActualizable();
+    if (Eof() || Bof()) throw SinRegistroActual();
+    if (asignados_.empty()) return;
+
+    std::string tabla;
+    for (const auto& [columna, valor] : asignados_) {
+        const Columna& c = columnas_[columna];
+        if (c.tablaBase.empty() || c.columnaBase.empty())
+            throw SinInformacionDeTabla("the column " + c.nombre + " does not come from a table.");
+        if (tabla.empty()) tabla = c.tablaBase;
+        else if (!EqualText(tabla, c.tablaBase))
+            throw SinInformacionDeTabla("the assigned columns come from " + tabla + " and " + c.tablaBase + ".");
+    }
+
+    Motor& motor = MotorDe(connection_);
+    const std::vector<std::string> clave = motor.ClavePrimaria(tabla);
+    if (clave.empty()) throw SinInformacionDeClave("the table " + tabla + " has no primary key.");
+
+    std::string sql = "UPDATE " + tabla + " SET ";
+    std::vector<Variant> parametros;
+    for (const auto& [columna, valor] : asignados_) {
+        if (!parametros.empty()) sql += ",";
+        sql += columnas_[columna].columnaBase + "=?";
+        parametros.push_back(valor);
+    }
+    sql += " WHERE ";
+    for (std::size_t k = 0; k < clave.size(); ++k) {
+        std::size_t encontrada = columnas_.size();
+        for (std::size_t i = 0; i < columnas_.size(); ++i) {
+            if (EqualText(columnas_[i].tablaBase, tabla) && EqualText(columnas_[i].columnaBase, clave[k])) {
+                encontrada = i;
+                break;
+            }
+        }
+        if (encontrada == columnas_.size())
+            throw SinInformacionDeClave("the key column " + clave[k] + " of " + tabla +
+                                        " is not among the selected columns.");
+        if (k > 0) sql += " AND ";
+        sql += clave[k] + "=?";
+        // The row is found by the key it was read with, even if the key
+        // itself was assigned.
+        parametros.push_back(filas_[posicion_][encontrada]);
+    }
+
+    const Resultado resultado = motor.Ejecutar(sql, parametros);
+    if (resultado.afectadas == 0)
+        throw Fault{kFilaNoEncontrada,
+                    "Row cannot be located for updating. Some values may have been changed since it was last read."};
+    for (auto& [columna, valor] : asignados_) filas_[posicion_][columna] = std::move(valor);
+    asignados_.clear();
+}
+
+void RecordsetCliente::Close() {
+    ExigirAbierto();
+    abierto_ = false;
+    asignados_.clear();
+    filas_.clear();
+    posicion_ = 0;
+}
+
+}  // namespace celdora::platform

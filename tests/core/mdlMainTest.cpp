@@ -1,0 +1,102 @@
+#include "core/mdlMain.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/CompanyFixture.h"
+#include "tests/support/TestPlatform.h"
+#include "value/Convert.h"
+
+namespace celdora {
+namespace {
+
+using testing::CompanyDatabase;
+using testing::TestPlatform;
+
+class DataRoutines : public ::testing::Test {
+protected:
+    TestPlatform platform;
+    CompanyDatabase db;
+
+    void SetUp() override {
+        db.Ejecutar("INSERT INTO ut_CFDInfo (Sys_PK, uf_noCertificado, uf_Certificado) "
+                    "VALUES (7, '30001000000500003416', NULL)");
+        db.Ejecutar("INSERT INTO ut_CFDInfo (Sys_PK, uf_noCertificado) VALUES (8, '30001000000400002443')");
+    }
+};
+
+TEST_F(DataRoutines, AbrirConsultaGivesAnOpenRecordsetEvenWithoutRows) {
+    auto rs = mdlMain::AbrirConsulta(db.cnn, "SELECT Sys_PK FROM ut_CFDInfo WHERE Sys_PK=99");
+    ASSERT_TRUE(rs);
+    EXPECT_EQ(rs->State(), host::adStateOpen);
+    EXPECT_TRUE(rs->Eof());
+    EXPECT_TRUE(rs->Bof());
+    rs->Close();
+}
+
+TEST_F(DataRoutines, AbrirConsultaGivesNoneAndNoMessageForWhatCannotBeOpened) {
+    EXPECT_FALSE(mdlMain::AbrirConsulta(db.cnn, "SELECT nothing FROM no_such_table"));
+    EXPECT_FALSE(mdlMain::AbrirConsulta(db.cnn, "SELEC Sys_PK FROM ut_CFDInfo"));
+    // A statement without rows leaves the recordset closed, which is none too.
+    EXPECT_FALSE(mdlMain::AbrirConsulta(db.cnn, "UPDATE ut_CFDInfo SET uf_PFX='' WHERE Sys_PK=7"));
+    EXPECT_TRUE(platform.ui.Cajas().empty());
+}
+
+TEST_F(DataRoutines, AbrirConsultaGivesNoneWhenTheRecordsetComponentIsMissing) {
+    platform.Quitar(host::progid::Recordset);
+    EXPECT_FALSE(mdlMain::AbrirConsulta(db.cnn, "SELECT Sys_PK FROM ut_CFDInfo"));
+}
+
+TEST_F(DataRoutines, AbrirConsultaOnAClosedConnectionGivesNone) {
+    db.cnn->Close();
+    EXPECT_FALSE(mdlMain::AbrirConsulta(db.cnn, "SELECT Sys_PK FROM ut_CFDInfo"));
+}
+
+TEST_F(DataRoutines, LeerValorConsultaReadsTheNamedFieldOrTheFirstOne) {
+    Variant named = mdlMain::LeerValorConsulta(
+        db.cnn, "SELECT Sys_PK, uf_noCertificado FROM ut_CFDInfo WHERE Sys_PK=7", "uf_NOCERTIFICADO");
+    EXPECT_EQ(named, Variant("30001000000500003416"));
+
+    Variant first = mdlMain::LeerValorConsulta(db.cnn, "SELECT Sys_PK, uf_noCertificado FROM ut_CFDInfo "
+                                                       "WHERE Sys_PK=8", "");
+    EXPECT_EQ(CLng(first), 8);
+}
+
+TEST_F(DataRoutines, LeerValorConsultaIsEmptyForNoRowsNullFailuresAndUnknownFields) {
+    EXPECT_TRUE(mdlMain::LeerValorConsulta(db.cnn, "SELECT Sys_PK FROM ut_CFDInfo WHERE Sys_PK=99", "Sys_PK")
+                    .IsEmpty());
+    EXPECT_TRUE(mdlMain::LeerValorConsulta(db.cnn, "SELECT uf_Certificado FROM ut_CFDInfo WHERE Sys_PK=7",
+                                           "uf_Certificado")
+                    .IsEmpty());
+    EXPECT_TRUE(mdlMain::LeerValorConsulta(db.cnn, "SELECT x FROM no_such_table", "x").IsEmpty());
+    EXPECT_TRUE(mdlMain::LeerValorConsulta(db.cnn, "SELECT Sys_PK FROM ut_CFDInfo", "no_such_field").IsEmpty());
+}
+
+TEST_F(DataRoutines, ExisteRegistroAnswersByTheKey) {
+    EXPECT_TRUE(mdlMain::ExisteRegistro(db.cnn, "ut_CFDInfo", 7, "Sys_PK"));
+    EXPECT_FALSE(mdlMain::ExisteRegistro(db.cnn, "ut_CFDInfo", 9, "Sys_PK"));
+}
+
+TEST_F(DataRoutines, ExisteRegistroAnswersTrueWhenItCannotTell) {
+    // The guards built on it refuse a delete when they cannot tell.
+    EXPECT_TRUE(mdlMain::ExisteRegistro(db.cnn, "no_such_table", 1, "Sys_PK"));
+    EXPECT_TRUE(mdlMain::ExisteRegistro(db.cnn, "ut_CFDInfo", 1, "no_such_column"));
+    db.cnn->Close();
+    EXPECT_TRUE(mdlMain::ExisteRegistro(db.cnn, "ut_CFDInfo", 9, "Sys_PK"));
+}
+
+TEST_F(DataRoutines, TextoYNumeroCampoTurnNullIntoEmptyAndZero) {
+    db.Ejecutar("INSERT INTO ut_CFDFolio (Sys_PK, uf_Serie, uf_FolioInicial, uf_FolioFinal, uf_noAprobacion, "
+                "uf_anoAprobacion, uf_CFDInfo) VALUES (3, NULL, 1, 500, 12345, 2010, 7)");
+    auto rs = mdlMain::AbrirConsulta(db.cnn, "SELECT * FROM ut_CFDFolio WHERE Sys_PK=3");
+    ASSERT_TRUE(rs);
+    EXPECT_EQ(mdlMain::TextoCampo(*rs, "uf_Serie"), "");
+    EXPECT_EQ(mdlMain::TextoCampo(*rs, "uf_FolioFinal"), "500");
+    EXPECT_EQ(mdlMain::NumeroCampo(*rs, "uf_CFDFolioAnterior"), 0.0);
+    EXPECT_EQ(mdlMain::NumeroCampo(*rs, "uf_noAprobacion"), 12345.0);
+    // Unlike the routines above these two let a fault through to their caller.
+    EXPECT_THROW(mdlMain::TextoCampo(*rs, "no_such_field"), Fault);
+    rs->Close();
+}
+
+}  // namespace
+}  // namespace celdora

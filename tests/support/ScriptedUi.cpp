@@ -1,0 +1,55 @@
+#include "tests/support/ScriptedUi.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/common/Picture.h"
+
+namespace celdora::testing {
+
+host::Respuesta ScriptedUi::MsgBox(const std::string& text, host::Botones buttons, host::Icono icon,
+                                   const std::string& title) {
+    host::Respuesta respuesta = host::Respuesta::Aceptar;
+    if (!respuestas_.empty()) {
+        respuesta = respuestas_.front();
+        respuestas_.pop_front();
+    } else if (buttons != host::Botones::Aceptar) {
+        ADD_FAILURE() << "A question nobody expected: \"" << text << "\"";
+        respuesta = host::Respuesta::Cancelar;
+    }
+    cajas_.push_back({text, buttons, icon, title, respuesta});
+    return respuesta;
+}
+
+std::optional<std::string> ScriptedUi::TomarRuta(const char* tipo, const host::FileDialogRequest& request) {
+    std::optional<std::string> ruta;
+    if (rutas_.empty()) {
+        ADD_FAILURE() << "A " << tipo << " dialog nobody expected (filter \"" << request.filter << "\")";
+    } else {
+        ruta = rutas_.front();
+        rutas_.pop_front();
+    }
+    selecciones_.push_back({tipo, request.filter, request.fileName, request.title, ruta});
+    return ruta;
+}
+
+std::optional<std::string> ScriptedUi::ShowOpen(const host::FileDialogRequest& request) {
+    return TomarRuta("abrir", request);
+}
+
+std::optional<std::string> ScriptedUi::ShowSave(const host::FileDialogRequest& request) {
+    return TomarRuta("guardar", request);
+}
+
+std::optional<std::string> ScriptedUi::BrowseForFolder(const std::string& title, const std::string& root) {
+    return TomarRuta("carpeta", {"", root, title});
+}
+
+void ScriptedUi::ClipboardClear() { portapapeles_.push_back(""); }
+
+void ScriptedUi::ClipboardSetText(const std::string& text) { portapapeles_.push_back(text); }
+
+std::shared_ptr<host::Picture> ScriptedUi::LoadPicture(const std::string& path) {
+    return platform::CargarImagen(path);
+}
+
+}  // namespace celdora::testing

@@ -1,0 +1,9 @@
+#!/usr/bin/env bash
+# Installs what is missing, builds the tool and creates the demo company on
+# SQLite (build/celdora-demo.db, made anew each time), printing its summary.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+bash tools/install-deps.sh
+cmake --preset ci >/dev/null
+cmake --build --preset ci --target celdora
+./build/ci/app/celdora demo build/celdora-demo.db --reemplazar

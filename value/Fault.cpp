@@ -1,0 +1,29 @@
+#include "value/Fault.h"
+
+namespace celdora {
+
+Fault InvalidProcedureCall() { return {5, "Invalid procedure call or argument"}; }
+Fault Overflow() { return {6, "Overflow"}; }
+Fault SubscriptOutOfRange() { return {9, "Subscript out of range"}; }
+Fault TypeMismatch() { return {13, "Type mismatch"}; }
+Fault FileNotFound() { return {53, "File not found"}; }
+Fault InvalidUseOfNull() { return {94, "Invalid use of Null"}; }
+Fault ObjectRequired() { return {424, "Object required"}; }
+
+std::string ErrorText(const Fault& fault) {
+    return "Error " + std::to_string(fault.number) + " (" + fault.description + ")";
+}
+
+std::string ErrorTextIn(const Fault& fault, const std::string& procedure) {
+    return ErrorText(fault) + " in procedure " + procedure;
+}
+
+std::string ErrorTextColon(const Fault& fault) {
+    return "Error: (" + std::to_string(fault.number) + ") " + fault.description;
+}
+
+std::string ErrorTextColonTight(const Fault& fault) {
+    return "Error: (" + std::to_string(fault.number) + ")" + fault.description;
+}
+
+}  // namespace celdora

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <string>
+
+namespace celdora {
+
+// The one thing thrown across module boundaries: the platform's error number
+// and text. Database faults carry the driver's own number and message.
+struct Fault {
+    long number = 0;
+    std::string description;
+};
+
+// The platform's own faults, with its numbers and texts.
+Fault InvalidProcedureCall();   // 5
+Fault Overflow();               // 6
+Fault SubscriptOutOfRange();    // 9
+Fault TypeMismatch();           // 13
+Fault FileNotFound();           // 53
+Fault InvalidUseOfNull();       // 94
+Fault ObjectRequired();         // 424
+
+// The texts the system shows for a fault, built here and nowhere else.
+// "Error " + number + " (" + description + ")"
+std::string ErrorText(const Fault& fault);
+// The same followed by " in procedure " + procedure.
+std::string ErrorTextIn(const Fault& fault, const std::string& procedure);
+// "Error: " + "(" + number + ") " + description
+std::string ErrorTextColon(const Fault& fault);
+// "Error: " + "(" + number + ")" + description, the variant without the blank.
+std::string ErrorTextColonTight(const Fault& fault);
+
+}  // namespace celdora
