@@ -1,6 +1,8 @@
 #!/usr/bin/env bash
-# Installs what is missing, builds with the ci preset and runs every test.
+# Installs what is missing, then builds and runs every test twice: optimised
+# (ci preset) and under AddressSanitizer and UBSan (asan preset).
 set -euo pipefail
 cd "$(dirname "$0")/.."
 bash tools/install-deps.sh
 cmake --workflow --preset ci
+cmake --workflow --preset asan
