@@ -62,4 +62,36 @@ double NumeroCampo(host::Recordset& recordset, const std::string& campo) {
     return value.IsNull() ? 0.0 : CDbl(value);
 }
 
+namespace {
+
+// The holders of the process's shared objects. An object that could not be
+// created is not remembered, so a later use tries again.
+std::shared_ptr<host::cConfigLocal>& ConfigLocalCompartido() {
+    static std::shared_ptr<host::cConfigLocal> objeto;
+    return objeto;
+}
+
+std::shared_ptr<host::cUtilerias>& UtileriasCompartido() {
+    static std::shared_ptr<host::cUtilerias> objeto;
+    return objeto;
+}
+
+template <class T>
+T& Compartido(std::shared_ptr<T>& objeto, const char* progId) {
+    if (!objeto) objeto = host::Crear<T>(progId);
+    if (!objeto) throw CantCreateObject();
+    return *objeto;
+}
+
+}  // namespace
+
+host::cConfigLocal& ConfigLocal() { return Compartido(ConfigLocalCompartido(), host::progid::cConfigLocal); }
+
+host::cUtilerias& Utilerias() { return Compartido(UtileriasCompartido(), host::progid::cUtilerias); }
+
+void SoltarObjetosCompartidos() {
+    ConfigLocalCompartido().reset();
+    UtileriasCompartido().reset();
+}
+
 }  // namespace celdora::mdlMain

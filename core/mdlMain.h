@@ -9,6 +9,8 @@
 #include <string>
 
 #include "host/Ado.h"
+#include "host/Settings.h"
+#include "host/cUtilerias.h"
 #include "value/Variant.h"
 
 namespace celdora::mdlMain {
@@ -32,5 +34,24 @@ bool ExisteRegistro(const std::shared_ptr<host::Connection>& connection, const s
 // A field of the current row as text ("" for Null) and as a number (0 for Null).
 std::string TextoCampo(host::Recordset& recordset, const std::string& campo);
 double NumeroCampo(host::Recordset& recordset, const std::string& campo);
+
+// The process's one per-machine settings store and one file utilities
+// object, created through the platform on first use.
+host::cConfigLocal& ConfigLocal();
+host::cUtilerias& Utilerias();
+// Drops both, so that the next use creates them anew through the platform
+// installed then (a test that installs its own platform starts clean).
+void SoltarObjetosCompartidos();
+
+// Protected strings and digests: the cipher with the system's key, and the
+// sealing component's MD5. All three answer "" when the component fails.
+std::string CifrarTexto(const std::string& texto);
+std::string DescifrarTexto(const std::string& texto);
+std::string ObtenerMD5(const std::string& texto);
+
+// The word of a comprobante kind and of a format type in format file names.
+std::string nombreTipoComprobante(std::int32_t tipo);
+std::string extensionFormato(double tipoFormato);
+std::string nombreFormato(const std::string& base, std::int32_t tipo, double tipoFormato);
 
 }  // namespace celdora::mdlMain

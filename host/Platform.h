@@ -54,7 +54,7 @@ inline Platform*& InstalledPlatform() {
 }
 inline void InstallPlatform(Platform* platform) { InstalledPlatform() = platform; }
 inline Platform& CurrentPlatform() {
-    if (InstalledPlatform() == nullptr) throw Fault{91, "Object variable or With block variable not set"};
+    if (InstalledPlatform() == nullptr) throw ObjectNotSet();
     return *InstalledPlatform();
 }
 

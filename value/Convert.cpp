@@ -552,3 +552,32 @@ bool IsNumericText(const std::string& text) {
 }
 
 }  // namespace celdora
+
+namespace celdora {
+
+namespace {
+// Half to even on an already scaled value.
+double HalfToEven(double scaled) {
+    const double floor = std::floor(scaled);
+    const double rest = scaled - floor;
+    double whole = floor;
+    if (rest > 0.5 || (rest == 0.5 && std::fmod(floor, 2.0) != 0.0)) whole = floor + 1.0;
+    return whole;
+}
+}  // namespace
+
+double Round(double value, int decimals) {
+    const double factor = std::pow(10.0, decimals);
+    return HalfToEven(value * factor) / factor;
+}
+
+Currency CCur(const Variant& value) {
+    if (value.Type() == VarType::Currency) return value.AsCurrency();
+    const double whole = HalfToEven(CDbl(value) * 10000.0);
+    // 2^63 is exactly representable; anything from it on does not fit.
+    constexpr double kLimite = 9223372036854775808.0;
+    if (std::isnan(whole) || whole >= kLimite || whole < -kLimite) throw Overflow();
+    return Currency{static_cast<std::int64_t>(whole)};
+}
+
+}  // namespace celdora

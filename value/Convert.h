@@ -20,6 +20,8 @@ std::string CStr(const Variant& value);
 std::int32_t CLng(const Variant& value);
 std::int16_t CInt(const Variant& value);
 double CDbl(const Variant& value);
+// To Currency: four decimals, half to even; Overflow outside its range.
+Currency CCur(const Variant& value);
 // A number is true unless it is 0; texts "True"/"False" (any case) or number
 // texts are accepted.
 bool CBool(const Variant& value);
@@ -27,6 +29,9 @@ bool CBool(const Variant& value);
 // preferred order gives no valid date the other order is tried, as the
 // platform does. Numbers are taken as serial dates.
 Date CDate(const Variant& value);
+
+// The platform's Round: to a number of decimals, half to even.
+double Round(double value, int decimals);
 
 // The leading number of a text, 0 if there is none. Blanks are skipped, "."
 // is always the decimal point, whatever the regional settings say.

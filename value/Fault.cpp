@@ -7,12 +7,17 @@ Fault Overflow() { return {6, "Overflow"}; }
 Fault SubscriptOutOfRange() { return {9, "Subscript out of range"}; }
 Fault TypeMismatch() { return {13, "Type mismatch"}; }
 Fault FileNotFound() { return {53, "File not found"}; }
+Fault ObjectNotSet() { return {91, "Object variable or With block variable not set"}; }
 Fault InvalidUseOfNull() { return {94, "Invalid use of Null"}; }
 Fault ObjectRequired() { return {424, "Object required"}; }
+Fault CantCreateObject() { return {429, "ActiveX component can't create object"}; }
+Fault PathFileAccessError() { return {75, "Path/File access error"}; }
 
-std::string ErrorText(const Fault& fault) {
-    return "Error " + std::to_string(fault.number) + " (" + fault.description + ")";
+std::string NumberAndDescription(const Fault& fault) {
+    return std::to_string(fault.number) + " (" + fault.description + ")";
 }
+
+std::string ErrorText(const Fault& fault) { return "Error " + NumberAndDescription(fault); }
 
 std::string ErrorTextIn(const Fault& fault, const std::string& procedure) {
     return ErrorText(fault) + " in procedure " + procedure;

@@ -17,10 +17,15 @@ Fault Overflow();               // 6
 Fault SubscriptOutOfRange();    // 9
 Fault TypeMismatch();           // 13
 Fault FileNotFound();           // 53
+Fault ObjectNotSet();           // 91
 Fault InvalidUseOfNull();       // 94
 Fault ObjectRequired();         // 424
+Fault CantCreateObject();       // 429
+Fault PathFileAccessError();    // 75
 
 // The texts the system shows for a fault, built here and nowhere else.
+// number + " (" + description + ")"
+std::string NumberAndDescription(const Fault& fault);
 // "Error " + number + " (" + description + ")"
 std::string ErrorText(const Fault& fault);
 // The same followed by " in procedure " + procedure.

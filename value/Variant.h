@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <type_traits>
 #include <variant>
 #include <vector>
 
@@ -36,6 +37,9 @@ public:
     Variant(const char* value) : v_(std::string(value)) {}
     Variant(Bytes value) : v_(std::move(value)) {}
     Variant(std::shared_ptr<Object> value) : v_(std::move(value)) {}
+    // Any automation object, held as an Object.
+    template <class T, class = std::enable_if_t<std::is_base_of_v<Object, T> && !std::is_same_v<Object, T>>>
+    Variant(std::shared_ptr<T> value) : v_(std::shared_ptr<Object>(std::move(value))) {}
 
     static Variant Null();
     static Variant Integer(std::int16_t value);

@@ -1,62 +1,115 @@
 // celdora: the library's own tool. It creates a demo company database on the
-// embedded default and will grow to call the library's members by name and
-// open its dialogs.
+// embedded default, lists the members of the public classes, and calls any
+// member of cAcction by name on a company database, as a host would.
 
 #include <iostream>
 #include <string>
 #include <vector>
 
+#include "app/celdora/Conexion.h"
 #include "app/celdora/Demo.h"
+#include "app/celdora/Llamar.h"
+#include "app/celdora/Miembros.h"
+#include "app/celdora/Opciones.h"
 #include "platform/common/SystemClock.h"
 #include "platform/console/ConsolaUi.h"
 #include "platform/desktop/PlataformaEscritorio.h"
+#include "value/Fault.h"
 
 namespace {
 
 const char* const kUso =
-    "Uso:\n"
-    "  celdora demo [RUTA] [--reemplazar]\n"
+    "Uso: celdora [OPCIONES] ORDEN [ARGUMENTOS]\n"
+    "\n"
+    "Órdenes:\n"
+    "  demo [RUTA] [--reemplazar]\n"
     "      Crea la base de datos de una empresa de demostración en SQLite\n"
-    "      (por omisión celdora-demo.db) y muestra un resumen de ella.\n"
-    "  celdora --help\n";
+    "      (por omisión la de --db, o celdora-demo.db) y muestra un resumen.\n"
+    "  members [cAcction|cRegimenFical|cFolioOrigen|cConceptoFacHordana]\n"
+    "      Lista los miembros de una clase: ranura, clase, argumentos con sus\n"
+    "      valores por omisión y resultado.\n"
+    "  call MIEMBRO [ARGUMENTOS...]\n"
+    "      Enlaza cAcction con la base de --db y llama al miembro por su nombre.\n"
+    "      Los argumentos se convierten al tipo de cada uno; @conexion es la\n"
+    "      conexión y @usuario un usuario en los grupos de --grupos. Muestra el\n"
+    "      resultado (Verdadero (-1) / Falso (0) para los booleanos), luego\n"
+    "      LastErrorDescript si no está vacío; los mensajes aparecen al mostrarse.\n"
+    "\n"
+    "Opciones (antes de la orden):\n"
+    "  --db URL          base de datos: sqlite:RUTA (por omisión sqlite:celdora-demo.db)\n"
+    "  --si | --no       respuesta fija a las preguntas Sí/No (para guiones);\n"
+    "                    sin ellas se pregunta en la terminal\n"
+    "  --grupos 3,7      grupos del usuario @usuario\n"
+    "  --app NOMBRE      ApplicationName (por omisión Celdora)\n"
+    "  --help            esta ayuda\n"
+    "\n"
+    "Salida: 0 si la llamada corrió (conteste lo que conteste), 1 si una falla\n"
+    "llegó hasta arriba, 2 si la línea de órdenes no es válida.\n";
 
-int Demo(const std::vector<std::string>& args) {
-    celdora::app::OpcionesDemo opciones;
+int Demo(const celdora::app::Opciones& opciones) {
+    celdora::app::OpcionesDemo demo;
+    if (opciones.dbDada) {
+        const auto ruta = celdora::app::RutaSqlite(opciones.db);
+        if (!ruta) throw celdora::app::ErrorDeUso{"demo crea bases SQLite: use --db sqlite:RUTA"};
+        demo.ruta = *ruta;
+    }
     bool rutaDada = false;
-    for (const auto& arg : args) {
+    for (const auto& arg : opciones.argumentos) {
         if (arg == "--reemplazar") {
-            opciones.reemplazar = true;
+            demo.reemplazar = true;
         } else if (!arg.empty() && arg[0] == '-') {
-            std::cerr << "Opción desconocida: " << arg << "\n" << kUso;
-            return 2;
+            throw celdora::app::ErrorDeUso{"opción desconocida: " + arg};
         } else if (!rutaDada) {
-            opciones.ruta = arg;
+            demo.ruta = arg;
             rutaDada = true;
         } else {
-            std::cerr << "Sobra el argumento: " << arg << "\n" << kUso;
-            return 2;
+            throw celdora::app::ErrorDeUso{"sobra el argumento: " + arg};
         }
     }
-    return celdora::app::CrearDemo(opciones, std::cout, std::cerr);
+    return celdora::app::CrearDemo(demo, std::cout, std::cerr);
+}
+
+int Ejecutar(const std::vector<std::string>& args) {
+    using namespace celdora;
+    const app::Opciones opciones = app::LeerOpciones(args);
+    if (opciones.ayuda) {
+        std::cout << kUso;
+        return 0;
+    }
+    if (opciones.orden.empty()) throw app::ErrorDeUso{"falta la orden"};
+
+    platform::ConsolaUi ui(opciones.respuesta);
+    platform::SystemClock reloj;
+    platform::PlataformaEscritorio plataforma(ui, reloj);
+    platform::PlataformaInstalada instalada(plataforma);
+
+    if (opciones.orden == "demo") return Demo(opciones);
+    if (opciones.orden == "members") return app::ListarMiembros(opciones.argumentos, std::cout);
+    if (opciones.orden == "call") return app::Llamar(opciones, std::cout);
+    throw app::ErrorDeUso{"orden desconocida: " + opciones.orden};
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-    std::vector<std::string> args(argv + 1, argv + argc);
-    if (args.empty() || args[0] == "--help" || args[0] == "-h") {
-        std::cout << kUso;
-        return args.empty() ? 2 : 0;
+    const std::vector<std::string> args(argv + 1, argv + argc);
+    if (args.empty()) {
+        std::cerr << kUso;
+        return 2;
     }
-
-    celdora::platform::ConsolaUi ui;
-    celdora::platform::SystemClock reloj;
-    celdora::platform::PlataformaEscritorio plataforma(ui, reloj);
-    celdora::platform::PlataformaInstalada instalada(plataforma);
-
-    const std::string orden = args[0];
-    args.erase(args.begin());
-    if (orden == "demo") return Demo(args);
-    std::cerr << "Orden desconocida: " << orden << "\n" << kUso;
-    return 2;
+    try {
+        return Ejecutar(args);
+    } catch (const celdora::app::ErrorDeUso& error) {
+        std::cout.flush();
+        std::cerr << "celdora: " << error.mensaje << "\n" << "Vea: celdora --help\n";
+        return 2;
+    } catch (const celdora::app::ErrorDeHerramienta& error) {
+        std::cout.flush();
+        std::cerr << "celdora: " << error.mensaje << "\n";
+        return 1;
+    } catch (const celdora::Fault& fault) {
+        std::cout.flush();
+        std::cerr << celdora::ErrorText(fault) << "\n";
+        return 1;
+    }
 }

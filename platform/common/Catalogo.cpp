@@ -11,7 +11,7 @@ std::vector<Lugar> FuenteLugares::Paises() { return Leer("SELECT Sys_PK, Nombre 
 std::vector<Lugar> FuenteLugares::Ciudades() { return Leer("SELECT Sys_PK, Nombre FROM Ciudad ORDER BY Nombre"); }
 
 std::vector<Lugar> FuenteLugares::Leer(const std::string& sql) {
-    if (!conexion_) throw Fault{91, "Object variable or With block variable not set"};
+    if (!conexion_) throw ObjectNotSet();
     const Resultado resultado = MotorDe(conexion_).Ejecutar(sql);
     std::vector<Lugar> lugares;
     lugares.reserve(resultado.filas.size());

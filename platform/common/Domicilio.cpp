@@ -11,7 +11,7 @@ namespace celdora::platform {
 
 namespace {
 
-Fault SinConexion() { return Fault{91, "Object variable or With block variable not set"}; }
+Fault SinConexion() { return ObjectNotSet(); }
 
 std::string Texto(const Variant& value) { return value.IsNull() || value.IsEmpty() ? std::string{} : CStr(value); }
 

@@ -2,16 +2,22 @@
 
 #include <string>
 
+#include "platform/sqlite/MotorSqlite.h"
 #include "platform/sqlite/Sqlite.h"
+#include "tests/support/MotorRegistrado.h"
 #include "schema/Schema.h"
 #include "value/Convert.h"
 
 namespace celdora::testing {
 
 CompanyDatabase::CompanyDatabase(Datos datos) {
-    cnn = platform::AbrirSqlite(":memory:");
-    platform::EjecutarGuion(*cnn, std::string(schema::EsquemaSqlite()));
-    if (datos == Datos::Demo) platform::EjecutarGuion(*cnn, std::string(schema::DatosDemo()));
+    auto sqlite = platform::AbrirMotorSqlite(":memory:");
+    auto& real = dynamic_cast<platform::MotorSqlite&>(*sqlite);
+    real.EjecutarGuion(std::string(schema::EsquemaSqlite()));
+    if (datos == Datos::Demo) real.EjecutarGuion(std::string(schema::DatosDemo()));
+    auto registrado = std::make_unique<MotorRegistrado>(std::move(sqlite));
+    sentencias = registrado->sentencias;
+    cnn = std::make_shared<platform::ConexionMotor>(std::move(registrado));
     dataObjects = std::make_shared<platform::DataObjectsMotor>(cnn);
 }
 

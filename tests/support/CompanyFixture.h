@@ -5,6 +5,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "platform/common/ConexionMotor.h"
 #include "platform/common/DataObjectsMotor.h"
@@ -19,6 +20,9 @@ public:
 
     std::shared_ptr<platform::ConexionMotor> cnn;
     std::shared_ptr<platform::DataObjectsMotor> dataObjects;
+    // Every statement the connection received since the schema was built,
+    // the test's own included, in order.
+    std::shared_ptr<std::vector<std::string>> sentencias;
 
     // Runs a statement of the test's own (setting up rows).
     void Ejecutar(const std::string& sql);

@@ -10,6 +10,7 @@
 #include "platform/common/ConexionMotor.h"
 #include "platform/sqlite/MotorSqlite.h"
 #include "platform/sqlite/Sqlite.h"
+#include "tests/support/MotorRegistrado.h"
 #include "value/Fault.h"
 
 namespace celdora::platform::pruebas {
@@ -25,28 +26,7 @@ Fault FallaDe(Llamada&& llamada) {
     return Fault{0, ""};
 }
 
-// An engine that passes everything to another and keeps every statement.
-class MotorRegistrado : public Motor {
-public:
-    explicit MotorRegistrado(std::unique_ptr<Motor> real) : real_(std::move(real)) {}
-    std::shared_ptr<std::vector<std::string>> sentencias = std::make_shared<std::vector<std::string>>();
-
-    bool Abierto() const override { return real_->Abierto(); }
-    void Cerrar() override { real_->Cerrar(); }
-    Resultado Ejecutar(const std::string& sql, const std::vector<Variant>& parametros) override {
-        sentencias->push_back(sql);
-        return real_->Ejecutar(sql, parametros);
-    }
-    std::int64_t UltimaClave() override { return real_->UltimaClave(); }
-    std::vector<std::string> ClavePrimaria(const std::string& tabla) override { return real_->ClavePrimaria(tabla); }
-    void IniciarTransaccion() override { real_->IniciarTransaccion(); }
-    void ConfirmarTransaccion() override { real_->ConfirmarTransaccion(); }
-    void RevertirTransaccion() override { real_->RevertirTransaccion(); }
-    bool EnTransaccion() const override { return real_->EnTransaccion(); }
-
-private:
-    std::unique_ptr<Motor> real_;
-};
+using testing::MotorRegistrado;
 
 // A private database in memory holding the tables of the script.
 struct BaseEnMemoria {
