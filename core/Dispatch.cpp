@@ -3,14 +3,14 @@
 // A table entry names the member, its argument names and defaults; the kinds
 // of arguments and result, and which arguments go by reference, are read off
 // the C++ declaration of the member, so the table cannot drift from the
-// class. Conversions are the platform's, from value/Convert.h.
+// class. Conversions are the platform's, from value/Convert.h (CCur for
+// amounts besides the six of the interface).
 
 #include "core/Dispatch.h"
 
-#include <cmath>
-#include <limits>
 #include <memory>
 #include <optional>
+#include <string_view>
 #include <stdexcept>
 #include <tuple>
 #include <type_traits>
@@ -69,16 +69,6 @@ struct Interfaz<Coleccion> {
     static constexpr const char* nombre = "Coleccion";
 };
 
-// Currency from any value: an amount kept as it is, anything else through
-// CDbl rounded half to even at the fourth decimal, as the platform's CCur.
-Currency ACurrency(const Variant& valor) {
-    if (valor.Type() == VarType::Currency) return valor.AsCurrency();
-    const double escalado = CDbl(valor) * 10000.0;
-    const double limite = static_cast<double>(std::numeric_limits<std::int64_t>::max());
-    if (!(std::fabs(escalado) < limite)) throw Overflow();
-    return Currency{static_cast<std::int64_t>(std::nearbyint(escalado))};
-}
-
 // How a C++ type of a member crosses the interface: its kind, the conversion
 // of an argument to it, and the Variant it gives as a result.
 template <class T>
@@ -105,7 +95,7 @@ struct Rasgo<double> {
 template <>
 struct Rasgo<Currency> {
     static constexpr Tipo tipo = Tipo::Cur;
-    static Currency De(const Variant& v) { return ACurrency(v); }
+    static Currency De(const Variant& v) { return CCur(v); }
     static Variant A(Currency x) { return Variant(x); }
 };
 template <>
@@ -172,7 +162,7 @@ constexpr bool kPorReferencia = std::is_lvalue_reference_v<P> && !std::is_const_
 
 // A name in a table entry: required, or optional with its default.
 struct Nombre {
-    Nombre(const char* n) : nombre(n) {}  // NOLINT: a plain name is the common case
+    Nombre(const char* n) : nombre(n) {}  // implicit, so a table lists plain names as texts
     Nombre(const char* n, Variant d) : nombre(n), omision(std::move(d)) {}
     std::string nombre;
     std::optional<Variant> omision;
@@ -255,14 +245,25 @@ Miembro ConInterfaz(Miembro m, std::string interfaz) {
     return m;
 }
 
+// Member names are ASCII, so folding the ASCII letters is all a lookup
+// without regard to case needs: a name with other letters matches nothing
+// either way.
+std::string Clave(std::string_view nombre) {
+    std::string clave(nombre);
+    for (char& c : clave) {
+        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
+    }
+    return clave;
+}
+
 struct Tabla {
     std::string clase;
     std::vector<std::string> orden;
     std::vector<Miembro> miembros;
-    std::unordered_map<std::string, std::size_t> indice;  // by the name in lower case
+    std::unordered_map<std::string, std::size_t> indice;  // by Clave of the name
 
     const Miembro& Exigir(const std::string& nombre) const {
-        auto encontrado = indice.find(LCase(nombre));
+        auto encontrado = indice.find(Clave(nombre));
         if (encontrado == indice.end()) throw MiembroNoSoportado();
         return miembros[encontrado->second];
     }
@@ -284,7 +285,7 @@ Tabla Construir(std::string clase, std::vector<std::string> orden, std::vector<M
     }
     for (auto& m : porRanura) {
         if (!m) continue;
-        tabla.indice.emplace(LCase(m->nombre), tabla.miembros.size());
+        tabla.indice.emplace(Clave(m->nombre), tabla.miembros.size());
         tabla.miembros.push_back(std::move(*m));
     }
     return tabla;
@@ -494,6 +495,10 @@ Variant Llamar(const Tabla& tabla, Object& objeto, const std::string& nombre, st
     const Miembro& m = tabla.Exigir(nombre);
     const std::size_t dados = argumentos.size();
     if (dados > m.argumentos.size()) throw NumeroDeArgumentos();
+    // All given: the member works on the caller's vector, so by-reference
+    // arguments land there directly.
+    if (dados == m.argumentos.size()) return m.llamar(objeto, argumentos);
+
     std::vector<Variant> completos(argumentos);
     for (std::size_t i = dados; i < m.argumentos.size(); ++i) {
         if (!m.argumentos[i].opcional) throw ArgumentoNoOpcional();
@@ -614,7 +619,7 @@ const std::vector<std::string>& OrdenDeRanuras(const std::string& clase) {
 const Miembro* Buscar(const std::string& clase, const std::string& nombre) {
     const Tabla* tabla = TablaDe(clase);
     if (!tabla) return nullptr;
-    auto encontrado = tabla->indice.find(LCase(nombre));
+    auto encontrado = tabla->indice.find(Clave(nombre));
     return encontrado == tabla->indice.end() ? nullptr : &tabla->miembros[encontrado->second];
 }
 

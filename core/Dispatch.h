@@ -16,9 +16,9 @@
 //
 // Calls. Names are compared without regard to case. Arguments come as
 // Variants and are converted to the kind the member declares with the
-// platform's conversions (CInt, CLng, CDbl, CBool, CStr, CDate), from first
-// to last, before the member runs, so a conversion fault leaves the object
-// untouched. Absent trailing optional arguments take their defaults. An
+// platform's conversions (CInt, CLng, CDbl, CCur, CBool, CStr, CDate), from
+// first to last, before the member runs, so a conversion fault leaves the
+// object untouched. Absent trailing optional arguments take their defaults. An
 // object argument takes a Variant holding an object of the interface the
 // member expects; Empty, Null and an object Variant holding nothing all pass
 // as no object. Results: booleans as Boolean (the automation boolean, -1 and

@@ -7,6 +7,8 @@ packages=(
   cmake ninja-build g++ pkg-config
   libgtest-dev libgmock-dev
   libsqlite3-dev sqlite3
+  libmariadb-dev
+  unixodbc-dev libsqliteodbc
   libssl-dev
 )
 

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "platform/common/Motor.h"
+
+struct st_mysql;
+
+namespace celdora::platform {
+
+// The engine over a MariaDB or MySQL connection, which already speaks the
+// dialect the system writes. Each statement is prepared and run with its
+// parameters bound; the few the server cannot prepare run as plain text
+// (without parameters) and give the same result. The connection never
+// allows several statements in one text, so a second one after a ";" is
+// refused by the server before anything runs.
+//
+// Values read: DATETIME, DATE and TIMESTAMP as Date (a zero date as Null),
+// TIME as the time of day of day 0; TINYINT, SMALLINT and YEAR as Integer;
+// INT and MEDIUMINT as Long, BIGINT as Long when it fits 32 bits, else as
+// Double; FLOAT, DOUBLE and DECIMAL as Double; texts as String (utf8mb4);
+// binary columns (BLOB, BINARY, VARBINARY) as Bytes; NULL as Null.
+// Values written: booleans as -1 and 0, currency as a double, dates as
+// DATETIME, Bytes as a blob.
+class MotorMariadb : public Motor {
+public:
+    // Takes a connected handle.
+    explicit MotorMariadb(st_mysql* db);
+    ~MotorMariadb() override;
+    MotorMariadb(const MotorMariadb&) = delete;
+    MotorMariadb& operator=(const MotorMariadb&) = delete;
+
+    bool Abierto() const override;
+    void Cerrar() override;
+    Resultado Ejecutar(const std::string& sql, const std::vector<Variant>& parametros = {}) override;
+    std::int64_t UltimaClave() override;
+    std::vector<std::string> ClavePrimaria(const std::string& tabla) override;
+    void IniciarTransaccion() override;
+    void ConfirmarTransaccion() override;
+    void RevertirTransaccion() override;
+    bool EnTransaccion() const override;
+
+private:
+    st_mysql* Db() const;
+    Resultado ComoTexto(const std::string& sql);
+    void Directo(const char* sql);
+
+    st_mysql* db_ = nullptr;
+    std::int64_t ultimaClave_ = 0;
+};
+
+}  // namespace celdora::platform

@@ -1,0 +1,169 @@
+#include "tests/integration/Conexiones.h"
+
+#include <cstdlib>
+#include <string_view>
+#include <utility>
+
+#include "platform/common/Guion.h"
+#include "platform/mariadb/Mariadb.h"
+#include "platform/odbc/Odbc.h"
+#include "platform/sqlite/Sqlite.h"
+#include "schema/Schema.h"
+#include "tests/support/MotorRegistrado.h"
+#include "value/Channels.h"
+#include "value/Convert.h"
+#include "value/Text.h"
+
+namespace celdora::integracion {
+
+namespace {
+
+constexpr const char* kVariableMariadb = "CELDORA_TEST_MARIADB";
+constexpr const char* kVariableAdmin = "CELDORA_TEST_MARIADB_ADMIN";
+constexpr const char* kVariableOdbc = "CELDORA_TEST_ODBC";
+
+std::string Variable(const char* nombre) {
+    const char* valor = std::getenv(nombre);
+    return valor ? std::string(valor) : std::string();
+}
+
+// The address of the server for dropping and creating the suite's own
+// database: the one tools/integration.sh gives for that, or the test URL
+// without its database.
+platform::DestinoMariadb DestinoAdministrativo() {
+    const std::string admin = Variable(kVariableAdmin);
+    auto destino = platform::LeerUrlMariadb(admin.empty() ? Variable(kVariableMariadb) : admin);
+    destino.base.clear();
+    return destino;
+}
+
+// The test URL's server with the suite's own database in place of its own.
+platform::DestinoMariadb DestinoDeLaSuite() {
+    auto destino = platform::LeerUrlMariadb(Variable(kVariableMariadb));
+    destino.base = kBaseDeLaSuite;
+    return destino;
+}
+
+// Drops and creates the suite's database, empty. Only the suite's own
+// database is ever dropped, never the one the URL names.
+void CrearBaseDeLaSuite() {
+    platform::ConexionMotor admin(platform::AbrirMotorMariadb(DestinoAdministrativo()));
+    // The system spells some tables with other capitals (ut_CFDfolio,
+    // DCxC); a server that keeps table names as written would not find them.
+    const Variant minusculas = admin.motor().Ejecutar("SELECT @@lower_case_table_names").filas.at(0).at(0);
+    if (CLng(minusculas) != 1)
+        throw Fault{0, "the MariaDB server runs with lower_case_table_names=" + CStr(minusculas) +
+                           "; the company schema needs 1, set when its data folder is initialised "
+                           "(tools/integration.sh does)"};
+    admin.Execute(std::string("DROP DATABASE IF EXISTS ") + kBaseDeLaSuite);
+    admin.Execute(std::string("CREATE DATABASE ") + kBaseDeLaSuite + " CHARACTER SET utf8mb4");
+    admin.Close();
+}
+
+}  // namespace
+
+const std::vector<std::string>& Empresa::Tipos() {
+    static const std::vector<std::string> tipos{"sqlite", "mariadb", "mariadb-odbc"};
+    return tipos;
+}
+
+std::string Empresa::PorQueNoDisponible(const std::string& tipo) {
+    const std::string comoSeDa = "; tools/integration.sh starts a throwaway MariaDB server and sets it";
+    if (tipo == "mariadb" && Variable(kVariableMariadb).empty())
+        return std::string(kVariableMariadb) + " is not set" + comoSeDa;
+    if (tipo == "mariadb-odbc") {
+        // The database is dropped and created through MariaDB's own client,
+        // which ODBC cannot do for a database it is not connected to.
+        if (Variable(kVariableOdbc).empty()) return std::string(kVariableOdbc) + " is not set" + comoSeDa;
+        if (Variable(kVariableMariadb).empty())
+            return std::string(kVariableMariadb) + " is not set (the ODBC kind makes its database through it)" +
+                   comoSeDa;
+    }
+    return "";
+}
+
+std::unique_ptr<Empresa> Empresa::Crear(const std::string& tipo) {
+    // Both server kinds reach the same MariaDB server and so share its ways.
+    const Peculiaridades mariadb{.dialectoMySql = true, .textoSinDistinguirMayusculas = true};
+    std::unique_ptr<Empresa> empresa;
+    std::string_view esquema;
+    if (tipo == "sqlite") {
+        empresa.reset(new Empresa(tipo, {.dialectoMySql = true, .textoSinDistinguirMayusculas = false},
+                                  platform::AbrirMotorSqlite(":memory:")));
+        esquema = schema::EsquemaSqlite();
+    } else if (tipo == "mariadb") {
+        CrearBaseDeLaSuite();
+        empresa.reset(new Empresa(tipo, mariadb, platform::AbrirMotorMariadb(DestinoDeLaSuite())));
+        esquema = schema::EsquemaMariadb();
+    } else if (tipo == "mariadb-odbc") {
+        CrearBaseDeLaSuite();
+        const std::string cadena = CadenaOdbcConBase(Variable(kVariableOdbc), kBaseDeLaSuite);
+        empresa.reset(new Empresa(tipo, mariadb, platform::AbrirMotorOdbc(cadena)));
+        esquema = schema::EsquemaMariadb();
+    } else {
+        throw Fault{0, "unknown kind of connection: " + tipo};
+    }
+    // Every kind loads its company through the connection the test then uses.
+    platform::EjecutarGuionPorPartes(*empresa->cnn, std::string(esquema));
+    platform::EjecutarGuionPorPartes(*empresa->cnn, std::string(schema::DatosDemo()));
+    empresa->sentencias->clear();
+    return empresa;
+}
+
+Empresa::Empresa(std::string tipoDado, Peculiaridades dadas, std::unique_ptr<platform::Motor> motor)
+    : tipo(std::move(tipoDado)), peculiaridades(dadas) {
+    auto registrado = std::make_unique<testing::MotorRegistrado>(std::move(motor));
+    sentencias = registrado->sentencias;
+    cnn = std::make_shared<platform::ConexionMotor>(std::move(registrado));
+}
+
+Empresa::~Empresa() {
+    ResumeNext([&] { cnn->Close(); });
+}
+
+void Empresa::Ejecutar(const std::string& sql) { cnn->motor().Ejecutar(sql); }
+
+Variant Empresa::Valor(const std::string& sql) {
+    auto resultado = cnn->motor().Ejecutar(sql);
+    if (resultado.filas.empty() || resultado.filas.front().empty()) return Variant::Null();
+    return resultado.filas.front().front();
+}
+
+long Empresa::Contar(const std::string& tablaYCondicion) {
+    return CLng(Valor("SELECT COUNT(*) FROM " + tablaYCondicion));
+}
+
+std::string CadenaOdbcConBase(const std::string& cadena, const std::string& base) {
+    // Items are separated by ";" outside braces; a braced value may hold one.
+    std::vector<std::string> items;
+    std::string actual;
+    bool enLlaves = false;
+    for (char c : cadena) {
+        if (c == '{') enLlaves = true;
+        if (c == '}') enLlaves = false;
+        if (c == ';' && !enLlaves) {
+            items.push_back(actual);
+            actual.clear();
+        } else {
+            actual += c;
+        }
+    }
+    if (!actual.empty()) items.push_back(actual);
+
+    bool puesta = false;
+    std::string resultado;
+    for (auto& item : items) {
+        if (Trim(item).empty()) continue;
+        const auto igual = item.find('=');
+        const std::string clave = igual == std::string::npos ? "" : UCase(Trim(item.substr(0, igual)));
+        if (clave == "DATABASE" || clave == "DB") {
+            item = item.substr(0, igual + 1) + base;
+            puesta = true;
+        }
+        resultado += item + ";";
+    }
+    if (!puesta) resultado += "Database=" + base + ";";
+    return resultado;
+}
+
+}  // namespace celdora::integracion

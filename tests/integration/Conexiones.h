@@ -1,0 +1,79 @@
+#pragma once
+
+// The kinds of connection the behaviour suite runs on, a fresh demo company
+// for each test on any of them, and what sets one engine apart from another,
+// named here and nowhere else.
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/common/ConexionMotor.h"
+#include "platform/common/Motor.h"
+#include "value/Variant.h"
+
+namespace celdora::integracion {
+
+// What the suite has to know about an engine to say what the system does on
+// it. A test that meets one of these names it where it does.
+struct Peculiaridades {
+    // The first dialect probe, "Select UUID() as GUID;", runs: databasetype
+    // answers 2, and the system writes its LIMIT forms and the one-argument
+    // isnull filters. The SQLite adapter makes SQLite speak this dialect;
+    // MariaDB speaks it natively, through its own client or through ODBC.
+    bool dialectoMySql = false;
+    // "=" between texts ignores capitals. MariaDB's default utf8mb4
+    // collation does; SQLite compares texts byte by byte. So a UUID handed
+    // over in other capitals than the stored one still finds its
+    // comprobante on MariaDB and finds nothing on SQLite.
+    bool textoSinDistinguirMayusculas = false;
+};
+
+// One company made for one test: a new database holding the schema of its
+// engine and the demo company, reached through the adapter of its kind, with
+// every statement it receives from then on recorded in order.
+class Empresa {
+public:
+    // The kinds of connection: "sqlite", "mariadb" and "mariadb-odbc".
+    static const std::vector<std::string>& Tipos();
+
+    // Why a kind cannot run here (which variable is unset and what sets it),
+    // or "" when it can.
+    static std::string PorQueNoDisponible(const std::string& tipo);
+
+    // A fresh company on that kind. The servers' kinds drop and create the
+    // suite's own database first. A refusal of the server raises its Fault.
+    static std::unique_ptr<Empresa> Crear(const std::string& tipo);
+
+    // Closes the connection, so that the next test may drop the database.
+    ~Empresa();
+    Empresa(const Empresa&) = delete;
+    Empresa& operator=(const Empresa&) = delete;
+
+    const std::string tipo;
+    const Peculiaridades peculiaridades;
+    // The connection the system is given, over the recording engine.
+    std::shared_ptr<platform::ConexionMotor> cnn;
+    // Every statement cnn received since the demo company was loaded.
+    std::shared_ptr<std::vector<std::string>> sentencias;
+
+    // A statement of the test's own (setting up or reading rows), through
+    // the same connection as the system's.
+    void Ejecutar(const std::string& sql);
+    // The first column of the first row, Null when there is no row.
+    Variant Valor(const std::string& sql);
+    long Contar(const std::string& tablaYCondicion);
+
+private:
+    Empresa(std::string tipo, Peculiaridades peculiaridades, std::unique_ptr<platform::Motor> motor);
+};
+
+// The database every server kind of this suite works in, dropped and created
+// again for each test.
+inline constexpr const char* kBaseDeLaSuite = "celdora_test_conducta";
+
+// An ODBC connection string with another database in its Database= (or DB=)
+// item, which is added when it has none. Exposed for its test.
+std::string CadenaOdbcConBase(const std::string& cadena, const std::string& base);
+
+}  // namespace celdora::integracion
