@@ -13,6 +13,8 @@ namespace celdora {
 class Coleccion : public Object {
 public:
     void Add(Variant item) { items_.push_back(std::move(item)); }
+    // An object goes in as an object Variant built in place.
+    void Add(std::shared_ptr<Object> item) { items_.emplace_back(std::move(item)); }
     int Count() const { return static_cast<int>(items_.size()); }
     const Variant& Item(int index) const {
         if (index < 1 || index > Count()) throw SubscriptOutOfRange();

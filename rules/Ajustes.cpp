@@ -119,7 +119,7 @@ std::shared_ptr<Coleccion> cAcction::RegimenesFicalesCol() {
             auto regimen = std::make_shared<cRegimenFical>();
             regimen->setInfo(EnteroCampo(*recordset, "Sys_PK"), mdlMain::TextoCampo(*recordset, "Regimen"),
                              mdlMain::TextoCampo(*recordset, "Notas"));
-            result->Add(Variant(std::shared_ptr<Object>(regimen)));
+            result->Add(std::shared_ptr<Object>(regimen));
             recordset->movenext();
         }
         recordset->Close();

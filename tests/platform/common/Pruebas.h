@@ -3,6 +3,7 @@
 // Helpers of the data access tests: a database in memory with the test's own
 // tables, a record of the statements an engine receives, and fault capture.
 
+#include "tests/support/FallaDe.h"
 #include <memory>
 #include <string>
 #include <vector>
@@ -15,16 +16,7 @@
 
 namespace celdora::platform::pruebas {
 
-// The fault a call raises; number 0 when it raises none.
-template <class Llamada>
-Fault FallaDe(Llamada&& llamada) {
-    try {
-        llamada();
-    } catch (const Fault& fault) {
-        return fault;
-    }
-    return Fault{0, ""};
-}
+using testing::FallaDe;
 
 using testing::MotorRegistrado;
 

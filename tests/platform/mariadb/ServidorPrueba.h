@@ -4,6 +4,7 @@
 // CELDORA_TEST_MARIADB, started by tools/integration.sh), a fresh test
 // database for each test program, and fault capture.
 
+#include "tests/support/FallaDe.h"
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -20,16 +21,7 @@ namespace celdora::platform::pruebas {
 inline constexpr const char* kSinServidor =
     "CELDORA_TEST_MARIADB no está definida: estas pruebas necesitan un servidor (tools/integration.sh)";
 
-// The fault a call raises; number 0 when it raises none.
-template <class Llamada>
-Fault FallaDe(Llamada&& llamada) {
-    try {
-        llamada();
-    } catch (const Fault& fault) {
-        return fault;
-    }
-    return Fault{0, ""};
-}
+using testing::FallaDe;
 
 inline std::string Entorno(const char* nombre) {
     const char* valor = std::getenv(nombre);

@@ -4,6 +4,7 @@
 // reach: SQLite's driver on a temporary file (unit) and MariaDB's driver on a
 // server (integration). A small context names what sets each one apart.
 
+#include "tests/support/FallaDe.h"
 #include <gtest/gtest.h>
 
 #include <memory>
@@ -39,16 +40,7 @@ struct ManejadorOdbc {
 inline void PrintTo(const ManejadorOdbc& manejador, std::ostream* os) { *os << manejador.nombre; }
 std::string NombreDeManejador(const ::testing::TestParamInfo<ManejadorOdbc>& info);
 
-// The fault a call raises; number 0 when it raises none.
-template <class Llamada>
-Fault FallaDe(Llamada&& llamada) {
-    try {
-        llamada();
-    } catch (const Fault& fault) {
-        return fault;
-    }
-    return Fault{0, ""};
-}
+using testing::FallaDe;
 
 class ComportamientoOdbc : public ::testing::TestWithParam<ManejadorOdbc> {
 protected:
