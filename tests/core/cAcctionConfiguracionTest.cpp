@@ -4,45 +4,33 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <optional>
 #include <string>
 
 #include "core/cAcction.h"
 #include "core/mdlMain.h"
 #include "platform/files/cConfigLocalIni.h"
-#include "tests/platform/files/CarpetaTemporal.h"
+#include "tests/support/ConfiguracionPrivada.h"
 #include "tests/support/TestPlatform.h"
 
 namespace celdora {
 namespace {
 
-using testing::CarpetaTemporal;
+using testing::ConfiguracionPrivada;
 using testing::TestPlatform;
 
 // Each case gets its own configuration folder and a fresh shared store.
 class ConfiguracionLocal : public ::testing::Test {
 protected:
     TestPlatform platform;
-    CarpetaTemporal carpeta;
-    std::optional<std::string> anterior;
+    ConfiguracionPrivada configuracion;
     cAcction facade;
 
     void SetUp() override {
-        if (const char* valor = std::getenv("CELDORA_CONFIG_DIR")) anterior = valor;
-        setenv("CELDORA_CONFIG_DIR", carpeta.ruta().c_str(), 1);
         mdlMain::SoltarObjetosCompartidos();
         facade.ApplicationName = "Tiendaro";
     }
 
-    void TearDown() override {
-        mdlMain::SoltarObjetosCompartidos();
-        if (anterior) {
-            setenv("CELDORA_CONFIG_DIR", anterior->c_str(), 1);
-        } else {
-            unsetenv("CELDORA_CONFIG_DIR");
-        }
-    }
+    void TearDown() override { mdlMain::SoltarObjetosCompartidos(); }
 
     // Written as the local settings dialog writes: through the shared store.
     void Guardar(const std::string& clave, const std::string& valor, const std::string& aplicacion = "Tiendaro",

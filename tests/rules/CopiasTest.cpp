@@ -4,23 +4,21 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <optional>
 #include <string>
 
 #include "core/cAcction.h"
 #include "core/mdlMain.h"
-#include "tests/platform/files/CarpetaTemporal.h"
+#include "tests/support/ConfiguracionPrivada.h"
 #include "tests/support/TestPlatform.h"
 
 namespace celdora {
 namespace {
 
 namespace fs = std::filesystem;
-using testing::CarpetaTemporal;
+using testing::ConfiguracionPrivada;
 using testing::TestPlatform;
 
 std::string Leer(const fs::path& ruta) {
@@ -35,30 +33,20 @@ void Escribir(const fs::path& ruta, const std::string& texto) { std::ofstream(ru
 class CopiasDeComprobante : public ::testing::Test {
 protected:
     TestPlatform platform;
-    CarpetaTemporal configuracion;
-    CarpetaTemporal trabajo;
+    ConfiguracionPrivada configuracion;
+    testing::CarpetaTemporal trabajo;
     fs::path copias = trabajo.ruta() / "copias";
     fs::path origen = trabajo.ruta() / "origen";
-    std::optional<std::string> anterior;
     cAcction facade;
 
     void SetUp() override {
-        if (const char* valor = std::getenv("CELDORA_CONFIG_DIR")) anterior = valor;
-        setenv("CELDORA_CONFIG_DIR", configuracion.ruta().c_str(), 1);
         mdlMain::SoltarObjetosCompartidos();
         facade.ApplicationName = "Tiendaro";
         fs::create_directories(copias);
         fs::create_directories(origen);
     }
 
-    void TearDown() override {
-        mdlMain::SoltarObjetosCompartidos();
-        if (anterior) {
-            setenv("CELDORA_CONFIG_DIR", anterior->c_str(), 1);
-        } else {
-            unsetenv("CELDORA_CONFIG_DIR");
-        }
-    }
+    void TearDown() override { mdlMain::SoltarObjetosCompartidos(); }
 
     // The folder as the local settings dialog stores it.
     void CarpetaDeCopias(const std::string& carpeta) {

@@ -7,7 +7,7 @@
 #include <iterator>
 #include <optional>
 
-#include "tests/platform/files/CarpetaTemporal.h"
+#include "tests/support/CarpetaTemporal.h"
 #include "tests/value/FaultOf.h"
 
 namespace celdora::platform {

@@ -6,7 +6,7 @@
 #include <fstream>
 #include <optional>
 
-#include "tests/platform/files/CarpetaTemporal.h"
+#include "tests/support/CarpetaTemporal.h"
 
 namespace celdora::platform {
 namespace {
