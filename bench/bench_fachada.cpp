@@ -78,6 +78,9 @@ public:
     void ClipboardClear() override { real_.ClipboardClear(); }
     void ClipboardSetText(const std::string& text) override { real_.ClipboardSetText(text); }
     void MousePointer(host::Puntero pointer) override { real_.MousePointer(pointer); }
+    host::Puntero MousePointerActual() const override { return real_.MousePointerActual(); }
+    void ShowModal(forms::Dialogo& dialogo) override { real_.ShowModal(dialogo); }
+    void Show(forms::Dialogo& dialogo) override { real_.Show(dialogo); }
     void DoEvents() override { real_.DoEvents(); }
     std::shared_ptr<host::Picture> LoadPicture(const std::string& path) override { return real_.LoadPicture(path); }
 

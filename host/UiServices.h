@@ -1,15 +1,19 @@
 #pragma once
 
-// What the system asks of the user interface, apart from showing dialogs:
-// message boxes, file and folder pickers, clipboard, screen pointer, one turn
-// of the message loop, pictures. Qt, the console and the tests' scripted
-// service each implement it.
+// What the system asks of the user interface: showing dialog models, message
+// boxes, file and folder pickers, clipboard, screen pointer, one turn of the
+// message loop, pictures. Qt, the console and the tests' scripted service
+// each implement it.
 
 #include <memory>
 #include <optional>
 #include <string>
 
 #include "value/Variant.h"
+
+namespace celdora::forms {
+class Dialogo;
+}
 
 namespace celdora::host {
 
@@ -50,9 +54,17 @@ public:
     virtual void ClipboardClear() = 0;
     virtual void ClipboardSetText(const std::string& text) = 0;
     virtual void MousePointer(Puntero pointer) = 0;
+    virtual Puntero MousePointerActual() const = 0;
     virtual void DoEvents() = 0;
     // A picture from a file, or null when the file holds none.
     virtual std::shared_ptr<Picture> LoadPicture(const std::string& path) = 0;
+
+    // Shows a dialog model and returns when the dialog is hidden or
+    // unloaded. The model is already loaded and visible when this is called.
+    virtual void ShowModal(forms::Dialogo& dialogo) = 0;
+    // Shows a dialog model without waiting; it is drawn until it is unloaded
+    // and kept up to date by the message loop (DoEvents).
+    virtual void Show(forms::Dialogo& dialogo) = 0;
 };
 
 }  // namespace celdora::host

@@ -12,6 +12,8 @@ Fault InvalidUseOfNull() { return {94, "Invalid use of Null"}; }
 Fault ObjectRequired() { return {424, "Object required"}; }
 Fault CantCreateObject() { return {429, "ActiveX component can't create object"}; }
 Fault PathFileAccessError() { return {75, "Path/File access error"}; }
+Fault InvalidPropertyValue() { return {380, "Invalid property value"}; }
+Fault CancelSelected() { return {32755, "Cancel was selected."}; }
 
 std::string NumberAndDescription(const Fault& fault) {
     return std::to_string(fault.number) + " (" + fault.description + ")";

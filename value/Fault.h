@@ -22,6 +22,8 @@ Fault InvalidUseOfNull();       // 94
 Fault ObjectRequired();         // 424
 Fault CantCreateObject();       // 429
 Fault PathFileAccessError();    // 75
+Fault InvalidPropertyValue();   // 380
+Fault CancelSelected();         // 32755, a common dialog cancelled with CancelError set
 
 // The texts the system shows for a fault, built here and nowhere else.
 // number + " (" + description + ")"

@@ -1,5 +1,7 @@
 #include "platform/console/ConsolaUi.h"
 
+#include "forms/Dialogo.h"
+
 #include <iostream>
 #include <vector>
 
@@ -134,7 +136,7 @@ void ConsolaUi::ClipboardSetText(const std::string& text) {
     out_ << "(Texto copiado al portapapeles: " << Len(text) << " caracteres)\n";
 }
 
-void ConsolaUi::MousePointer(host::Puntero /*pointer*/) {}
+void ConsolaUi::MousePointer(host::Puntero pointer) { puntero_ = pointer; }
 
 void ConsolaUi::DoEvents() { out_.flush(); }
 
@@ -157,5 +159,18 @@ std::optional<std::string> ConsolaUi::PedirRuta(const std::string& title, const 
     if (Trim(*line).empty()) return std::nullopt;
     return line;
 }
+
+}  // namespace celdora::platform
+
+namespace celdora::platform {
+
+// Until the terminal renderer lands, a dialog shown here is closed at once,
+// as if the person had closed its window, and says so.
+void ConsolaUi::ShowModal(forms::Dialogo& dialogo) {
+    out_ << "[" << dialogo.Caption() << "] no se puede mostrar en la terminal; se cierra.\n";
+    dialogo.Cerrar();
+}
+
+void ConsolaUi::Show(forms::Dialogo& dialogo) { out_ << "[" << dialogo.Caption() << "]\n"; }
 
 }  // namespace celdora::platform

@@ -44,8 +44,11 @@ public:
     void ClipboardClear() override;
     void ClipboardSetText(const std::string& text) override;
     void MousePointer(host::Puntero pointer) override;
+    host::Puntero MousePointerActual() const override { return puntero_; }
     void DoEvents() override;
     std::shared_ptr<host::Picture> LoadPicture(const std::string& path) override;
+    void ShowModal(forms::Dialogo& dialogo) override;
+    void Show(forms::Dialogo& dialogo) override;
 
     const std::string& Portapapeles() const { return portapapeles_; }
 
@@ -57,6 +60,7 @@ private:
     std::ostream& out_;
     RespuestaFija respuesta_;
     std::string portapapeles_;
+    host::Puntero puntero_ = host::Puntero::Normal;
 };
 
 }  // namespace celdora::platform

@@ -2,7 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "platform/common/Picture.h"
+#include "value/Text.h"
 
 namespace celdora::testing {
 
@@ -17,6 +20,7 @@ host::Respuesta ScriptedUi::MsgBox(const std::string& text, host::Botones button
         respuesta = host::Respuesta::Cancelar;
     }
     cajas_.push_back({text, buttons, icon, title, respuesta});
+    registro_.push_back("caja: " + text);
     return respuesta;
 }
 
@@ -50,6 +54,28 @@ void ScriptedUi::ClipboardSetText(const std::string& text) { portapapeles_.push_
 
 std::shared_ptr<host::Picture> ScriptedUi::LoadPicture(const std::string& path) {
     return platform::CargarImagen(path);
+}
+
+void ScriptedUi::ShowModal(forms::Dialogo& dialogo) {
+    registro_.push_back("dialogo: " + dialogo.Clase());
+    auto guion = std::find_if(guiones_.begin(), guiones_.end(),
+                              [&](const Guion& g) { return EqualText(g.clase, dialogo.Clase()); });
+    if (guion == guiones_.end()) {
+        ADD_FAILURE() << "A dialog nobody expected: " << dialogo.Clase() << " \"" << dialogo.Caption() << "\"";
+        dialogo.Cerrar();
+        return;
+    }
+    GuionDialogo accion = std::move(guion->accion);
+    guiones_.erase(guion);
+    accion(dialogo);
+    if (dialogo.Visible()) {
+        ADD_FAILURE() << "The script left " << dialogo.Clase() << " open";
+        dialogo.Cerrar();
+    }
+}
+
+void ScriptedUi::Show(forms::Dialogo& dialogo) {
+    registro_.push_back("ventana: " + dialogo.Clase());
 }
 
 }  // namespace celdora::testing

@@ -5,10 +5,12 @@
 // buttons, so that a test can say exactly what the user saw.
 
 #include <deque>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "forms/Dialogo.h"
 #include "host/UiServices.h"
 
 namespace celdora::testing {
@@ -29,8 +31,23 @@ struct Seleccion {
     std::optional<std::string> respuesta;
 };
 
+// What a test does while a dialog is shown modally: fill, click, answer.
+using GuionDialogo = std::function<void(forms::Dialogo&)>;
+
 class ScriptedUi : public host::UiServices {
 public:
+    // The next modal showing of a dialog of this class runs this script. A
+    // dialog shown with no script queued is a test failure, and so is a
+    // script that leaves its dialog up: it must hide it, or close it as a
+    // person would (Cerrar).
+    void AlMostrar(const std::string& clase, GuionDialogo guion) {
+        guiones_.push_back({clase, std::move(guion)});
+    }
+    // Everything the user saw, in order: "caja: TEXT" for a box,
+    // "dialogo: CLASS" for a modal dialog, "ventana: CLASS" for one shown
+    // without waiting.
+    const std::vector<std::string>& Registro() const { return registro_; }
+
     // Answers taken in order. A question (Yes/No) with no queued answer is a
     // test failure: the test did not expect it. A box with only OK needs none.
     void Responder(host::Respuesta respuesta) { respuestas_.push_back(respuesta); }
@@ -43,7 +60,7 @@ public:
     std::vector<host::Puntero> Punteros() const { return punteros_; }
     int VueltasDelBucle() const { return vueltas_; }
     // Answers queued and never taken.
-    std::size_t RespuestasPendientes() const { return respuestas_.size() + rutas_.size(); }
+    std::size_t RespuestasPendientes() const { return respuestas_.size() + rutas_.size() + guiones_.size(); }
 
     host::Respuesta MsgBox(const std::string& text, host::Botones buttons, host::Icono icon,
                            const std::string& title) override;
@@ -52,11 +69,22 @@ public:
     std::optional<std::string> BrowseForFolder(const std::string& title, const std::string& root) override;
     void ClipboardClear() override;
     void ClipboardSetText(const std::string& text) override;
-    void MousePointer(host::Puntero pointer) override { punteros_.push_back(pointer); }
+    void MousePointer(host::Puntero pointer) override {
+        punteros_.push_back(pointer);
+        puntero_ = pointer;
+    }
+    host::Puntero MousePointerActual() const override { return puntero_; }
     void DoEvents() override { ++vueltas_; }
     std::shared_ptr<host::Picture> LoadPicture(const std::string& path) override;
+    void ShowModal(forms::Dialogo& dialogo) override;
+    void Show(forms::Dialogo& dialogo) override;
 
 private:
+    struct Guion {
+        std::string clase;
+        GuionDialogo accion;
+    };
+
     std::optional<std::string> TomarRuta(const char* tipo, const host::FileDialogRequest& request);
 
     std::deque<host::Respuesta> respuestas_;
@@ -66,6 +94,9 @@ private:
     std::vector<std::string> portapapeles_;
     std::vector<host::Puntero> punteros_;
     int vueltas_ = 0;
+    host::Puntero puntero_ = host::Puntero::Normal;
+    std::deque<Guion> guiones_;
+    std::vector<std::string> registro_;
 };
 
 }  // namespace celdora::testing

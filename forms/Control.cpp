@@ -1,0 +1,58 @@
+#include "forms/Control.h"
+
+#include "forms/Dialogo.h"
+
+namespace celdora::forms {
+
+Control::Control(Dialogo& dialogo, std::string nombre, TipoControl tipo)
+    : dialogo_(dialogo), nombre_(std::move(nombre)), tipo_(tipo) {}
+
+void Control::Enabled(bool value) {
+    if (enabled_ == value) return;
+    enabled_ = value;
+    Cambio();
+}
+
+void Control::Visible(bool value) {
+    if (visible_ == value) return;
+    visible_ = value;
+    Cambio();
+}
+
+void Control::Tag(const std::string& value) {
+    if (tag_ == value) return;
+    tag_ = value;
+    Cambio();
+}
+
+void Control::Caption(const std::string& value) {
+    if (caption_ == value) return;
+    caption_ = value;
+    Cambio();
+}
+
+void Control::Colocar(const std::string& contenedor, int pagina) {
+    contenedor_ = contenedor;
+    pagina_ = pagina;
+    Cambio();
+}
+
+void Control::SetFocus() { dialogo_.Enfocar(*this); }
+
+bool Control::TieneFoco() const { return dialogo_.Foco() == this; }
+
+bool Control::Accesible() const {
+    if (!enabled_ || !visible_) return false;
+    if (contenedor_.empty()) return true;
+    Control* contenedor = dialogo_.Buscar(contenedor_);
+    return contenedor == nullptr || contenedor->Accesible();
+}
+
+int Control::Tecla(int keyAscii) {
+    if (KeyPress) KeyPress(keyAscii);
+    return keyAscii;
+}
+
+void Control::Cambio() { dialogo_.Notificar(*this); }
+
+}  // namespace celdora::forms
