@@ -9,7 +9,15 @@ namespace celdora::forms {
 
 Dialogo::Dialogo(std::string clase, std::string caption) : clase_(std::move(clase)), caption_(std::move(caption)) {}
 
-Dialogo::~Dialogo() = default;
+Dialogo::~Dialogo() {
+    // A renderer still drawing the dialog learns that it is gone as it learns
+    // that a dialog was hidden, and lets go of it.
+    if (observadores_.empty()) return;
+    visible_ = false;
+    cargado_ = false;
+    foco_ = nullptr;
+    NotificarDialogo();
+}
 
 void Dialogo::Caption(const std::string& value) {
     if (caption_ == value) return;

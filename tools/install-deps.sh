@@ -10,6 +10,7 @@ packages=(
   libmariadb-dev
   unixodbc-dev libsqliteodbc
   libssl-dev
+  qt6-base-dev xvfb xauth fonts-dejavu-core
 )
 
 missing=()
