@@ -10,11 +10,9 @@ namespace celdora::forms {
 Dialogo::Dialogo(std::string clase, std::string caption) : clase_(std::move(clase)), caption_(std::move(caption)) {}
 
 Dialogo::~Dialogo() {
-    // A renderer still drawing the dialog learns that it is gone as it learns
-    // that a dialog was hidden, and lets go of it.
-    if (observadores_.empty()) return;
-    visible_ = false;
+    // A renderer still watching learns that the dialog is gone and lets go.
     cargado_ = false;
+    visible_ = false;
     foco_ = nullptr;
     NotificarDialogo();
 }
