@@ -1,6 +1,8 @@
 #include "platform/qt/AplicacionQt.h"
 
 #include <QApplication>
+#include <QLibraryInfo>
+#include <QTranslator>
 #include <cstdlib>
 
 namespace celdora::platform {
@@ -20,8 +22,16 @@ AplicacionQt::AplicacionQt() {
     if (QApplication::instance() != nullptr) return;
     propia_ = std::make_unique<QApplication>(argc_, argv_);
     QApplication::setApplicationName(QString::fromLatin1(kNombreAplicacion));
+    traduccion_ = std::make_unique<QTranslator>();
+    if (traduccion_->load(QStringLiteral("qtbase_es"), QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
+        QApplication::installTranslator(traduccion_.get());
+    }
 }
 
-AplicacionQt::~AplicacionQt() = default;
+AplicacionQt::~AplicacionQt() {
+    // The translation goes before the application that uses it.
+    if (traduccion_ != nullptr) QApplication::removeTranslator(traduccion_.get());
+    traduccion_.reset();
+}
 
 }  // namespace celdora::platform

@@ -7,6 +7,7 @@
 #include <memory>
 
 class QApplication;
+class QTranslator;
 
 namespace celdora::platform {
 
@@ -19,8 +20,10 @@ inline constexpr const char* kNombreAplicacion = "Celdora";
 bool HayPantalla();
 
 // Creates the process's QApplication when none exists yet and destroys it
-// with itself; when one exists already (a host of its own, the tests) it
-// leaves that one alone. Only one may own the application at a time.
+// with itself; when one exists already (a host of its own) it leaves that one
+// alone. The application it creates speaks Spanish in Qt's own windows (file
+// pickers) when Qt's translations are installed. Only one may own the
+// application at a time.
 class AplicacionQt {
 public:
     AplicacionQt();
@@ -36,6 +39,7 @@ private:
     char nombre_[8] = "celdora";
     char* argv_[2] = {nombre_, nullptr};
     std::unique_ptr<QApplication> propia_;
+    std::unique_ptr<QTranslator> traduccion_;
 };
 
 }  // namespace celdora::platform
