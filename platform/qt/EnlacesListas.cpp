@@ -17,17 +17,26 @@ namespace {
 
 Qt::CheckState Marca(bool marcado) { return marcado ? Qt::Checked : Qt::Unchecked; }
 
+// A list's current item moved by the keys, from one item to another. A mouse
+// click comes through the click signal once the button is let go, and the
+// first item that a list makes current when it takes the focus is no choice
+// of the person's.
+template <class Item>
+bool PorTeclado(Item* item, Item* anterior) {
+    return item != nullptr && anterior != nullptr && QApplication::mouseButtons() == Qt::NoButton;
+}
+
 class ListaSimple : public EnlaceControl {
 public:
     ListaSimple(forms::ListBox& lista, VentanaQt& ventana)
         : EnlaceControl(lista, ventana), lista_(lista), widget_(new QListWidget) {
         Poner(widget_, true);
         Entrada(widget_);
-        QObject::connect(widget_, &QListWidget::currentRowChanged, widget_, [this](int fila) {
-            Accion([this, fila] {
-                if (fila >= 0 && lista_.Accesible()) lista_.ListIndex(fila);
-            });
-        });
+        QObject::connect(widget_, &QListWidget::itemClicked, widget_, [this](QListWidgetItem* item) { Elegir(item); });
+        QObject::connect(widget_, &QListWidget::currentItemChanged, widget_,
+                         [this](QListWidgetItem* item, QListWidgetItem* anterior) {
+                             if (PorTeclado(item, anterior)) Elegir(item);
+                         });
         QObject::connect(widget_, &QListWidget::itemChanged, widget_, [this](QListWidgetItem* item) {
             const int fila = widget_->row(item);
             const bool marcado = item->checkState() == Qt::Checked;
@@ -53,6 +62,13 @@ protected:
     }
 
 private:
+    void Elegir(QListWidgetItem* item) {
+        const int fila = widget_->row(item);
+        Accion([this, fila] {
+            if (lista_.Accesible()) lista_.ListIndex(fila);
+        });
+    }
+
     forms::ListBox& lista_;
     QListWidget* widget_;
 };
@@ -70,16 +86,20 @@ public:
         Poner(widget_, !vista_.Caption().empty());
         Entrada(widget_);
         QObject::connect(widget_, &QTreeWidget::itemClicked, widget_, [this](QTreeWidgetItem* item) { Clic(item); });
-        // Moving with the keys selects as a click does; a mouse click comes
-        // through itemClicked once the button is let go.
-        QObject::connect(widget_, &QTreeWidget::currentItemChanged, widget_, [this](QTreeWidgetItem* item) {
-            if (item != nullptr && QApplication::mouseButtons() == Qt::NoButton) Clic(item);
-        });
+        // Moving with the keys selects as a click does.
+        QObject::connect(widget_, &QTreeWidget::currentItemChanged, widget_,
+                         [this](QTreeWidgetItem* item, QTreeWidgetItem* anterior) {
+                             if (PorTeclado(item, anterior)) Clic(item);
+                         });
         QObject::connect(widget_, &QTreeWidget::itemChanged, widget_, [this](QTreeWidgetItem* item, int columna) {
+            if (columna != 0) return;
             const int indice = widget_->indexOfTopLevelItem(item);
             const bool marcado = item->checkState(0) == Qt::Checked;
-            if (columna != 0 || indice < 0 || !vista_.Checkboxes() || vista_.Item(indice).checked == marcado) return;
-            Accion([this, indice, marcado] { vista_.MarcarItem(indice, marcado); });
+            Accion([this, indice, marcado] {
+                if (vista_.Checkboxes() && indice >= 0 && vista_.Item(indice).checked != marcado) {
+                    vista_.MarcarItem(indice, marcado);
+                }
+            });
         });
         QObject::connect(widget_, &QTreeWidget::itemDoubleClicked, widget_, [this](QTreeWidgetItem* item) {
             const int indice = widget_->indexOfTopLevelItem(item);

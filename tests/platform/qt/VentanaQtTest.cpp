@@ -311,6 +311,8 @@ TEST_F(VentanaQtTest, ActionsOnTheWidgetsRaiseTheModelsEvents) {
         QTreeWidgetItem* segundo = vista->topLevelItem(1);
         QTest::mouseClick(vista->viewport(), Qt::LeftButton, {}, vista->visualItemRect(segundo).center());
         EXPECT_EQ(dlg.lvwDocs->SelectedItem(), 1);
+        QTest::keyClick(vista, Qt::Key_Up);
+        EXPECT_EQ(dlg.lvwDocs->SelectedItem(), 0);
         vista->topLevelItem(0)->setCheckState(0, Qt::Checked);
         EXPECT_TRUE(dlg.lvwDocs->Item(0).checked);
 
@@ -324,7 +326,7 @@ TEST_F(VentanaQtTest, ActionsOnTheWidgetsRaiseTheModelsEvents) {
     });
     dlg.ShowModal();
     const std::vector<std::string> esperados{"cmbForma.Click CRÉDITO", "chkActivo.Click 1", "optMoral.Click",
-                                             "tabDatos.Click 1",       "lvwDocs.ItemClick 1", "lvwDocs.ItemCheck 0",
+                                             "tabDatos.Click 1",       "lvwDocs.ItemClick 1", "lvwDocs.ItemClick 0", "lvwDocs.ItemCheck 0",
                                              "tabDatos.Click 0"};
     std::vector<std::string> vistos;
     for (const auto& evento : dlg.eventos) {
@@ -375,12 +377,18 @@ TEST_F(VentanaQtTest, FocusFollowsThePersonAndTheModel) {
         EXPECT_EQ(dlg.Foco(), dlg.txtClave);
         dlg.txtNombre->SetFocus();
         EXPECT_TRUE(nombre->hasFocus());
+        // A list taking the focus makes its first row current; that is no
+        // click of the person's.
+        Widget<QTreeWidget>(v, "lvwDocs")->setFocus(Qt::TabFocusReason);
+        EXPECT_EQ(dlg.Foco(), dlg.lvwDocs);
+        EXPECT_EQ(dlg.lvwDocs->SelectedItem(), -1);
         Captura(v, "ventana_foco");
         dlg.Hide();
     });
     dlg.ShowModal();
     EXPECT_EQ(dlg.eventos,
-              (std::vector<std::string>{"txtNombre.GotFocus", "txtNombre.LostFocus", "txtNombre.GotFocus"}));
+              (std::vector<std::string>{"txtNombre.GotFocus", "txtNombre.LostFocus", "txtNombre.GotFocus",
+                                        "txtNombre.LostFocus"}));
 }
 
 // A dialog that keeps itself open the first time a person closes it.
