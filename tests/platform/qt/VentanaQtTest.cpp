@@ -9,6 +9,8 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
+#include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
@@ -570,6 +572,86 @@ TEST(VentanaQtSinEsperar, AFaultInAHandlerComesOutOfTheNextDoEvents) {
     }
     EXPECT_NO_THROW(qt.ui.DoEvents());
     frm.Unload();
+}
+
+// The text and list controls the first dialog lacks.
+class DlgListas : public forms::Dialogo {
+public:
+    DlgListas() : Dialogo("dlgListas", "Listas") {
+        txtNotas = &Agregar<forms::Memo>("txtNotas", "Notas:");
+        cmbSerie = &Agregar<forms::ComboBox>("cmbSerie", forms::ComboBox::Estilo::Editable, "Serie:");
+        cmbSerie->AddItem("A");
+        cmbSerie->AddItem("FAC");
+        lstRegimenes = &Agregar<forms::ListBox>("lstRegimenes", true, "Regímenes:");
+        lstRegimenes->AddItem("General de Ley Personas Morales");
+        lstRegimenes->AddItem("Régimen Simplificado de Confianza");
+        lstMeses = &Agregar<forms::ListBox>("lstMeses", false, "Mes:");
+        for (const char* mes : {"Enero", "Febrero", "Marzo"}) lstMeses->AddItem(mes);
+        txtNotas->Change = [this] { eventos.push_back("txtNotas.Change"); };
+        cmbSerie->Change = [this] { eventos.push_back("cmbSerie.Change " + cmbSerie->Text()); };
+        cmbSerie->Click = [this] { eventos.push_back("cmbSerie.Click " + cmbSerie->Text()); };
+        lstRegimenes->ItemCheck = [this](int i) { eventos.push_back("lstRegimenes.ItemCheck " + std::to_string(i)); };
+        lstMeses->Click = [this] { eventos.push_back("lstMeses.Click " + std::to_string(lstMeses->ListIndex())); };
+    }
+    std::vector<std::string> eventos;
+    forms::Memo* txtNotas;
+    forms::ComboBox* cmbSerie;
+    forms::ListBox* lstRegimenes;
+    forms::ListBox* lstMeses;
+};
+
+TEST(VentanaQtListas, MemoEditableComboAndListBoxesBothWays) {
+    PlataformaQt qt;
+    Vigilante vigilante;
+    DlgListas dlg;
+    Despues([&] {
+        platform::VentanaQt* v = VentanaActiva();
+        auto* notas = Widget<QPlainTextEdit>(v, "txtNotas");
+        Teclear(notas, QStringLiteral("Entrega en almacén"));
+        EXPECT_EQ(dlg.txtNotas->Text(), "Entrega en almacén");
+        dlg.txtNotas->Text("Primera línea\nSegunda");
+        EXPECT_EQ(notas->toPlainText(), "Primera línea\nSegunda");
+
+        auto* serie = Widget<QComboBox>(v, "cmbSerie");
+        EXPECT_TRUE(serie->isEditable());
+        Teclear(serie, QStringLiteral("FA"));
+        EXPECT_EQ(dlg.cmbSerie->Text(), "FA");
+        EXPECT_EQ(dlg.cmbSerie->ListIndex(), -1) << "no completion of the item behind the model's back";
+        QTest::keyClick(serie, Qt::Key_Down);
+        EXPECT_EQ(dlg.cmbSerie->ListIndex(), 0);
+        EXPECT_EQ(serie->currentText(), "A");
+        dlg.cmbSerie->Text("B-2026");
+        EXPECT_EQ(serie->currentText(), "B-2026");
+
+        auto* regimenes = Widget<QListWidget>(v, "lstRegimenes");
+        ASSERT_EQ(regimenes->count(), 2);
+        EXPECT_EQ(regimenes->item(0)->checkState(), Qt::Unchecked);
+        regimenes->item(1)->setCheckState(Qt::Checked);
+        EXPECT_TRUE(dlg.lstRegimenes->Selected(1));
+        dlg.lstRegimenes->Selected(0, true);
+        EXPECT_EQ(regimenes->item(0)->checkState(), Qt::Checked);
+
+        auto* meses = Widget<QListWidget>(v, "lstMeses");
+        EXPECT_FALSE(meses->item(0)->data(Qt::CheckStateRole).isValid()) << "a plain list has no check boxes";
+        QTest::mouseClick(meses->viewport(), Qt::LeftButton, {}, meses->visualItemRect(meses->item(2)).center());
+        EXPECT_EQ(dlg.lstMeses->ListIndex(), 2);
+        QTest::keyClick(meses, Qt::Key_Up);
+        EXPECT_EQ(dlg.lstMeses->ListIndex(), 1);
+        dlg.lstMeses->RemoveItem(0);
+        EXPECT_EQ(meses->count(), 2);
+        EXPECT_EQ(meses->currentRow(), 0);
+        Captura(v, "ventana_listas");
+        dlg.Hide();
+    });
+    dlg.ShowModal();
+    const std::vector<std::string> esperados{
+        "cmbSerie.Change F",        "cmbSerie.Change FA",        "cmbSerie.Click A",       "cmbSerie.Change B-2026",
+        "lstRegimenes.ItemCheck 1", "lstRegimenes.ItemCheck 0", "lstMeses.Click 2",        "lstMeses.Click 1"};
+    std::vector<std::string> vistos;
+    for (const auto& evento : dlg.eventos) {
+        if (evento != "txtNotas.Change") vistos.push_back(evento);
+    }
+    EXPECT_EQ(vistos, esperados);
 }
 
 // The host's address control, with the street and numbers apart.
