@@ -9,6 +9,7 @@
 #include "app/celdora/Conexion.h"
 #include "app/celdora/Demo.h"
 #include "app/celdora/Dialogo.h"
+#include "app/celdora/Interfaz.h"
 #include "app/celdora/Llamar.h"
 #include "app/celdora/Miembros.h"
 #include "app/celdora/Opciones.h"
@@ -84,9 +85,9 @@ int Ejecutar(const std::vector<std::string>& args) {
     }
     if (opciones.orden.empty()) throw app::ErrorDeUso{"falta la orden"};
 
-    platform::ConsolaUi ui(opciones.respuesta);
+    const auto ui = app::CrearInterfaz(opciones);
     platform::SystemClock reloj;
-    platform::PlataformaEscritorio plataforma(ui, reloj);
+    platform::PlataformaEscritorio plataforma(*ui, reloj);
     platform::PlataformaInstalada instalada(plataforma);
 
     if (opciones.orden == "demo") return Demo(opciones);
