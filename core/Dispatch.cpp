@@ -371,9 +371,8 @@ const Tabla& TablaCAcction() {
          "EstablecerHordanaTipoFormato",
          "EstablecerUnidadDCXC",
          "EstablecerPorcentajeIVAVenta_enDCXC"},
-        // The members the class has today. Those that open dialogs, and
-        // EliminarInformeMensual, join with their subsystems; their slots
-        // above are kept for them.
+        // The members the class has today. Those of subsystems still to come
+        // join with them; their slots above are kept for them.
         {Propiedad("ADOCnn", &cAcction::ADOCnn),
          Propiedad("eCat", &cAcction::eCat),
          Propiedad("GlobalVar", &cAcction::GlobalVar),
@@ -389,6 +388,7 @@ const Tabla& TablaCAcction() {
          Metodo("CancelarCFD", &cAcction::CancelarCFD, {"pkCFD", {"boAsk", true}, {"WithTrans", true}}),
          Metodo("databasetype", &cAcction::databasetype, {"oConnection"}),
          Metodo("ReplaceMacros", &cAcction::ReplaceMacros, {"str", "sMacro", "sValue"}),
+         Metodo("getAddress", &cAcction::getAddress, {"sdefault"}),
          Metodo("PosibleModificarAprobacionFolios", &cAcction::PosibleModificarAprobacionFolios, {"pkCFDFolio"}),
          Metodo("PosibleModificarCertificado", &cAcction::PosibleModificarCertificado, {"pkCFDInfo"}),
          Metodo("LoadGlobalVar", &cAcction::LoadGlobalVar),
@@ -397,6 +397,10 @@ const Tabla& TablaCAcction() {
          Metodo("ExisteCFD", &cAcction::ExisteCFD, {"pkventa"}),
          Metodo("DocumentoAprobadoParaCFD", &cAcction::DocumentoAprobadoParaCFD, {"pkventa"}),
          Metodo("PermitirAcceso", &cAcction::PermitirAcceso, {"sKey", "oUser", {"Alerta", true}}),
+         Metodo("ShowProgress", &cAcction::ShowProgress,
+                {"scmd", "value", {"Title", "Procesando"}, {"min", 0}, {"max", 100}}),
+         Metodo("CloseProgress", &cAcction::CloseProgress, {{"complete", true}}),
+         Metodo("SolicitarFormaPago", &cAcction::SolicitarFormaPago),
          Propiedad("AppRepositoryPath", &cAcction::AppRepositoryPath),
          Propiedad("ApplicationName", &cAcction::ApplicationName),
          Metodo("ValorCampo", &cAcction::ValorCampo, {"sql", "campo"}),
@@ -417,6 +421,7 @@ const Tabla& TablaCAcction() {
          Metodo("TipoDocumento", &cAcction::TipoDocumento, {"pkventa"}),
          Metodo("TipoDocumento_CXC", &cAcction::TipoDocumento_CXC, {"pkcxc"}),
          Metodo("ObtenerFechaHora", &cAcction::ObtenerFechaHora, {"fecha", "hora"}),
+         Metodo("ShowSaveAs", &cAcction::ShowSaveAs, {"filter", {"fileName", ""}}),
          Metodo("DocumentoAprobadoParaCFDI", &cAcction::DocumentoAprobadoParaCFDI, {"pkventa"}),
          Metodo("DocumentoAprobadoParaCFDI_CXC", &cAcction::DocumentoAprobadoParaCFDI_CXC, {"pkcxc"}),
          Metodo("EliminarFoliosCBB", &cAcction::EliminarFoliosCBB, {"pk"}),
@@ -429,6 +434,8 @@ const Tabla& TablaCAcction() {
          ConInterfaz(Metodo("RegimenesFicalesCol", &cAcction::RegimenesFicalesCol), "Coleccion de cRegimenFical"),
          Metodo("PorcentajeIVATrasladadoEnVentaFinanciada", &cAcction::PorcentajeIVATrasladadoEnVentaFinanciada,
                 {"pkventa"}),
+         ConInterfaz(Metodo("FormaGenerarComprobanteHordana", &cAcction::FormaGenerarComprobanteHordana),
+                     "cConceptoFacHordana"),
          Metodo("EstablecerHordanaTipoFormato", &cAcction::EstablecerHordanaTipoFormato,
                 {"pkventa", "tf", {"DConceptos", Nada()}}),
          Metodo("EstablecerUnidadDCXC", &cAcction::EstablecerUnidadDCXC, {"pkcxc", "sunidad"}),

@@ -104,6 +104,7 @@ public:
     // Comprobante copies.
     bool GuardarCopiaComprobanteXML(const std::string& sXML, const std::string& nombre);
     bool GuardarCopiaComprobante(const std::string& sArchivo, const std::string& nombre = "");
+    Variant ShowSaveAs(const std::string& filter, const std::string& fileName = "");
 
     // Tax and receivables adjustments.
     bool asignarTiposImpuesto();
@@ -113,8 +114,16 @@ public:
     std::shared_ptr<Coleccion> RegimenesFicalesCol();
 
     // Summary billing.
+    std::shared_ptr<cConceptoFacHordana> FormaGenerarComprobanteHordana();
     bool EstablecerHordanaTipoFormato(std::int32_t pkventa, std::int16_t tf,
                                       const std::shared_ptr<cConceptoFacHordana>& DConceptos = nullptr);
+
+    // Progress and prompts.
+    void ShowProgress(const std::string& scmd, std::int32_t value, const std::string& Title = "Procesando",
+                      std::int32_t min = 0, std::int32_t max = 100);
+    void CloseProgress(bool complete = true);
+    std::string getAddress(const std::string& sdefault);
+    std::string SolicitarFormaPago();
 
     // Monthly report (report/). By-reference arguments as the automation
     // interface declares them; the dispatch table gives their defaults

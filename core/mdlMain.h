@@ -13,6 +13,10 @@
 #include "host/cUtilerias.h"
 #include "value/Variant.h"
 
+namespace celdora {
+class frmPB;
+}
+
 namespace celdora::mdlMain {
 
 // Opens a statement on a client-side cursor. Gives none, and says nothing,
@@ -53,5 +57,13 @@ std::string ObtenerMD5(const std::string& texto);
 std::string nombreTipoComprobante(std::int32_t tipo);
 std::string extensionFormato(double tipoFormato);
 std::string nombreFormato(const std::string& base, std::int32_t tipo, double tipoFormato);
+
+// The progress window: at most one, held here. Null when none is open.
+std::unique_ptr<frmPB>& frmProgress();
+// For long work: a new window whose bar runs in circles, a step per text,
+// and its closing (the bar filled first when complete). Errors are passed over.
+void MostrarProgreso(const std::string& title);
+void AvanzarProgreso(const std::string& text);
+void CerrarProgreso(bool complete);
 
 }  // namespace celdora::mdlMain

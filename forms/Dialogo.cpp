@@ -9,7 +9,13 @@ namespace celdora::forms {
 
 Dialogo::Dialogo(std::string clase, std::string caption) : clase_(std::move(clase)), caption_(std::move(caption)) {}
 
-Dialogo::~Dialogo() = default;
+Dialogo::~Dialogo() {
+    // A renderer still watching learns that the dialog is gone and lets go.
+    cargado_ = false;
+    visible_ = false;
+    foco_ = nullptr;
+    NotificarDialogo();
+}
 
 void Dialogo::Caption(const std::string& value) {
     if (caption_ == value) return;

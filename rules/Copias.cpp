@@ -11,6 +11,7 @@
 #include "core/Mensajes.h"
 #include "core/cAcction.h"
 #include "core/mdlMain.h"
+#include "rules/frmSaveAs.h"
 #include "value/Channels.h"
 #include "value/Text.h"
 
@@ -89,6 +90,14 @@ bool cAcction::GuardarCopiaComprobante(const std::string& sArchivo, const std::s
         result = true;
     });
     return result;
+}
+
+Variant cAcction::ShowSaveAs(const std::string& filter, const std::string& fileName) {
+    frmSaveAs forma;
+    forma.Show();
+    std::string ruta = forma.SaveAs(filter, fileName);
+    forma.Unload();
+    return ruta;
 }
 
 }  // namespace celdora

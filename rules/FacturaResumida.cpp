@@ -6,6 +6,8 @@
 #include "core/Mensajes.h"
 #include "core/cAcction.h"
 #include "rules/cConceptoFacHordana.h"
+#include "rules/dlgFormaFacturacionHordana.h"
+#include "value/Text.h"
 #include "value/Channels.h"
 #include "value/Convert.h"
 
@@ -26,6 +28,22 @@ std::string InsertarConcepto(const std::string& unidad, const std::string& descr
 }
 
 }  // namespace
+
+std::shared_ptr<cConceptoFacHordana> cAcction::FormaGenerarComprobanteHordana() {
+    auto conceptos = std::make_shared<cConceptoFacHordana>();
+    conceptos->Resumido = false;
+    dlgFormaFacturacionHordana dialogo;
+    dialogo.ShowModal();
+    if (dialogo.Aceptado && dialogo.optResumido.Value()) {
+        conceptos->Resumido = true;
+        conceptos->UnidadC1 = Trim(dialogo.txtUnidad1.Text());
+        conceptos->ConceptoResumido = Trim(dialogo.txtConcepto.Text());
+        conceptos->UnidadC2 = Trim(dialogo.txtUnidad2.Text());
+        conceptos->ConceptoResumidoCeroIVA = Trim(dialogo.txtOtro.Text());
+    }
+    dialogo.Unload();
+    return conceptos;
+}
 
 bool cAcction::EstablecerHordanaTipoFormato(std::int32_t pkventa, std::int16_t tf,
                                            const std::shared_ptr<cConceptoFacHordana>& DConceptos) {
