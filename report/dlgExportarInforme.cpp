@@ -7,7 +7,6 @@
 #include "core/cAcction.h"
 #include "core/mdlMain.h"
 #include "host/Platform.h"
-#include "report/LectorInforme.h"
 #include "report/Meses.h"
 #include "report/SeleccionarCarpeta.h"
 #include "value/Channels.h"
@@ -24,7 +23,6 @@ using host::Icono;
 constexpr int kPrimerAnio = 1985;
 constexpr int kUltimoAnio = 2050;
 constexpr const char* kFormatoImporte = "$ #,#.##";
-constexpr const char* kContenidoDelInforme = "Contenido del informe";
 // The list item's column that holds the report's month number.
 constexpr int kColumnaMes = 3;
 
@@ -34,24 +32,10 @@ void Ui(const std::function<void(host::UiServices&)>& accion) {
 
 }  // namespace
 
-dlgExportarInforme::dlgExportarInforme()
-    : Dialogo("dlgExportarInforme", "Informes mensuales generados"),
-      tab(Agregar<forms::TabControl>("tab", std::vector<std::string>{"General"})),
-      lblinforme(Agregar<forms::Label>("lblinforme", "Informes de comprobantes fiscales digitales emitidos.")),
-      cmbAnio(Agregar<forms::ComboBox>("cmbAnio", forms::ComboBox::Estilo::SoloLista, "Mostrar informes del año:")),
-      lvw(Agregar<forms::ListView>("lvw")),
-      lblcontenido(Agregar<forms::Label>("lblcontenido", kContenidoDelInforme)),
-      dxGrid(Agregar<forms::Grid>("dxGrid", informe::ColumnasContenido())),
-      eNumTotal(Agregar<forms::NumberField>("eNumTotal", "Monto total:")),
-      eNumIVA(Agregar<forms::NumberField>("eNumIVA", "Total de IVA trasladado:")),
-      btnRegenerar(Agregar<forms::CommandButton>("btnRegenerar", "Regenerar informe")),
-      btnEliminar(Agregar<forms::CommandButton>("btnEliminar", "Eliminar informe")),
-      btnExportar(Agregar<forms::CommandButton>("btnExportar", "Exportar a txt...")),
-      btnCopiar(Agregar<forms::CommandButton>("btnCopiar", "Copiar al portapapeles")),
-      btnCerrar(Agregar<forms::CommandButton>("btnCerrar", "&Cerrar")) {
+dlgExportarInforme::dlgExportarInforme() : Dialogo("dlgExportarInforme", "Informes mensuales generados") {
     for (forms::Control* control : std::initializer_list<forms::Control*>{
              &lblinforme, &cmbAnio, &lvw, &lblcontenido, &dxGrid, &eNumTotal, &eNumIVA}) {
-        control->Colocar("tab", 0);
+        control->Colocar(tab.Nombre(), 0);
     }
     for (const char* columna : {"Nombre", "Mes", "Fecha de registro.", "contenido", "MesNumero"}) {
         lvw.AgregarColumna(columna);
@@ -134,7 +118,7 @@ void dlgExportarInforme::CargarInformes() {
 void dlgExportarInforme::lvw_ItemClick(int indice) {
     std::string clave;
     ResumeNext([&] {
-        lblcontenido.Caption(std::string(kContenidoDelInforme) + " " + lvw.Item(indice).text);
+        lblcontenido.Caption("Contenido del informe " + lvw.Item(indice).text);
         clave = lvw.Item(indice).tag;
     });
     MostrarContenido(clave);

@@ -9,9 +9,11 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "forms/Controles.h"
 #include "forms/Dialogo.h"
+#include "report/LectorInforme.h"
 
 namespace celdora {
 
@@ -25,19 +27,21 @@ public:
     // present one, which loads its reports.
     void setObjects(cAcction& acc);
 
-    forms::TabControl& tab;
-    forms::Label& lblinforme;
-    forms::ComboBox& cmbAnio;
-    forms::ListView& lvw;
-    forms::Label& lblcontenido;
-    forms::Grid& dxGrid;
-    forms::NumberField& eNumTotal;
-    forms::NumberField& eNumIVA;
-    forms::CommandButton& btnRegenerar;
-    forms::CommandButton& btnEliminar;
-    forms::CommandButton& btnExportar;
-    forms::CommandButton& btnCopiar;
-    forms::CommandButton& btnCerrar;
+    forms::TabControl& tab = Agregar<forms::TabControl>("tab", std::vector<std::string>{"General"});
+    forms::Label& lblinforme =
+        Agregar<forms::Label>("lblinforme", "Informes de comprobantes fiscales digitales emitidos.");
+    forms::ComboBox& cmbAnio =
+        Agregar<forms::ComboBox>("cmbAnio", forms::ComboBox::Estilo::SoloLista, "Mostrar informes del año:");
+    forms::ListView& lvw = Agregar<forms::ListView>("lvw");
+    forms::Label& lblcontenido = Agregar<forms::Label>("lblcontenido", "Contenido del informe");
+    forms::Grid& dxGrid = Agregar<forms::Grid>("dxGrid", informe::ColumnasContenido());
+    forms::NumberField& eNumTotal = Agregar<forms::NumberField>("eNumTotal", "Monto total:");
+    forms::NumberField& eNumIVA = Agregar<forms::NumberField>("eNumIVA", "Total de IVA trasladado:");
+    forms::CommandButton& btnRegenerar = Agregar<forms::CommandButton>("btnRegenerar", "Regenerar informe");
+    forms::CommandButton& btnEliminar = Agregar<forms::CommandButton>("btnEliminar", "Eliminar informe");
+    forms::CommandButton& btnExportar = Agregar<forms::CommandButton>("btnExportar", "Exportar a txt...");
+    forms::CommandButton& btnCopiar = Agregar<forms::CommandButton>("btnCopiar", "Copiar al portapapeles");
+    forms::CommandButton& btnCerrar = Agregar<forms::CommandButton>("btnCerrar", "&Cerrar");
 
 protected:
     void Form_Load() override;

@@ -38,15 +38,9 @@ std::shared_ptr<host::cCampo> NuevoCampo(const std::string& nombre, const std::s
 
 }  // namespace
 
-dlgInforme::dlgInforme()
-    : Dialogo("dlgInforme", "Informe mensual al SAT"),
-      tab(Agregar<forms::TabControl>("tab", std::vector<std::string>{"Comprobantes fiscales emitidos"})),
-      cmbmes(Agregar<forms::ComboBox>("cmbmes", forms::ComboBox::Estilo::SoloLista, "Seleccione el mes a reportar.")),
-      cmbAnio(Agregar<forms::ComboBox>("cmbAnio", forms::ComboBox::Estilo::SoloLista)),
-      btnOK(Agregar<forms::CommandButton>("btnOK", "&Aceptar")),
-      btnCancelar(Agregar<forms::CommandButton>("btnCancelar", "&Cancelar")) {
-    cmbmes.Colocar("tab", 0);
-    cmbAnio.Colocar("tab", 0);
+dlgInforme::dlgInforme() : Dialogo("dlgInforme", "Informe mensual al SAT") {
+    cmbmes.Colocar(tab.Nombre(), 0);
+    cmbAnio.Colocar(tab.Nombre(), 0);
     btnOK.Default(true);
     btnCancelar.Cancel(true);
     btnOK.Click = [this] { btnOK_Click(); };

@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "forms/Controles.h"
 #include "forms/Dialogo.h"
@@ -29,11 +30,13 @@ public:
     // no year selected.
     void load(std::int16_t mes, std::int16_t anio);
 
-    forms::TabControl& tab;
-    forms::ComboBox& cmbmes;
-    forms::ComboBox& cmbAnio;
-    forms::CommandButton& btnOK;
-    forms::CommandButton& btnCancelar;
+    forms::TabControl& tab =
+        Agregar<forms::TabControl>("tab", std::vector<std::string>{"Comprobantes fiscales emitidos"});
+    forms::ComboBox& cmbmes =
+        Agregar<forms::ComboBox>("cmbmes", forms::ComboBox::Estilo::SoloLista, "Seleccione el mes a reportar.");
+    forms::ComboBox& cmbAnio = Agregar<forms::ComboBox>("cmbAnio", forms::ComboBox::Estilo::SoloLista);
+    forms::CommandButton& btnOK = Agregar<forms::CommandButton>("btnOK", "&Aceptar");
+    forms::CommandButton& btnCancelar = Agregar<forms::CommandButton>("btnCancelar", "&Cancelar");
 
 protected:
     void Form_Unload() override;
