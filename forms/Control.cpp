@@ -7,29 +7,13 @@ namespace celdora::forms {
 Control::Control(Dialogo& dialogo, std::string nombre, TipoControl tipo)
     : dialogo_(dialogo), nombre_(std::move(nombre)), tipo_(tipo) {}
 
-void Control::Enabled(bool value) {
-    if (enabled_ == value) return;
-    enabled_ = value;
-    Cambio();
-}
+void Control::Enabled(bool value) { Fijar(enabled_, value); }
 
-void Control::Visible(bool value) {
-    if (visible_ == value) return;
-    visible_ = value;
-    Cambio();
-}
+void Control::Visible(bool value) { Fijar(visible_, value); }
 
-void Control::Tag(const std::string& value) {
-    if (tag_ == value) return;
-    tag_ = value;
-    Cambio();
-}
+void Control::Tag(const std::string& value) { Fijar(tag_, value); }
 
-void Control::Caption(const std::string& value) {
-    if (caption_ == value) return;
-    caption_ = value;
-    Cambio();
-}
+void Control::Caption(const std::string& value) { Fijar(caption_, value); }
 
 void Control::Colocar(const std::string& contenedor, int pagina) {
     contenedor_ = contenedor;

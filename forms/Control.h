@@ -87,6 +87,15 @@ public:
 protected:
     // Tells the dialog's renderers that a property of this control changed.
     void Cambio();
+    // Sets a property and tells the renderers; false when it already had
+    // that value, so that the caller raises its event only on a change.
+    template <class T>
+    bool Fijar(T& campo, const T& valor) {
+        if (campo == valor) return false;
+        campo = valor;
+        Cambio();
+        return true;
+    }
 
 private:
     Dialogo& dialogo_;

@@ -45,21 +45,11 @@ void TextBox::Text(const std::string& value) {
     if (Change) Change();
 }
 
-void TextBox::Locked(bool value) {
-    if (locked_ == value) return;
-    locked_ = value;
-    Cambio();
-}
+void TextBox::Locked(bool value) { Fijar(locked_, value); }
 
-void TextBox::MaxLength(int value) {
-    maxLength_ = value;
-    Cambio();
-}
+void TextBox::MaxLength(int value) { Fijar(maxLength_, value); }
 
-void TextBox::PasswordChar(const std::string& value) {
-    passwordChar_ = value;
-    Cambio();
-}
+void TextBox::PasswordChar(const std::string& value) { Fijar(passwordChar_, value); }
 
 bool TextBox::Escribir(const std::string& texto) {
     if (!Accesible() || locked_) return false;
@@ -88,41 +78,20 @@ NumberField::NumberField(Dialogo& dialogo, std::string nombre, std::string capti
 }
 
 void NumberField::Value(double value) {
-    if (value == value_) return;
-    value_ = value;
-    Cambio();
-    if (Change) Change();
+    if (Fijar(value_, value) && Change) Change();
 }
 
-void NumberField::Decimals(int value) {
-    decimals_ = value;
-    Cambio();
-}
+void NumberField::Decimals(int value) { Fijar(decimals_, value); }
 
-void NumberField::Format(const std::string& value) {
-    format_ = value;
-    Cambio();
-}
+void NumberField::Format(const std::string& value) { Fijar(format_, value); }
 
-void NumberField::Max(double value) {
-    max_ = value;
-    Cambio();
-}
+void NumberField::Max(double value) { Fijar(max_, value); }
 
-void NumberField::Min(double value) {
-    min_ = value;
-    Cambio();
-}
+void NumberField::Min(double value) { Fijar(min_, value); }
 
-void NumberField::Locked(bool value) {
-    locked_ = value;
-    Cambio();
-}
+void NumberField::Locked(bool value) { Fijar(locked_, value); }
 
-void NumberField::ButtonVisible(bool value) {
-    buttonVisible_ = value;
-    Cambio();
-}
+void NumberField::ButtonVisible(bool value) { Fijar(buttonVisible_, value); }
 
 std::string NumberField::TextoMostrado() const {
     if (!format_.empty()) return celdora::Format(value_, format_);
@@ -145,10 +114,7 @@ void DateField::Value(Date value) {
     if (Change) Change();
 }
 
-void DateField::Locked(bool value) {
-    locked_ = value;
-    Cambio();
-}
+void DateField::Locked(bool value) { Fijar(locked_, value); }
 
 // --- Lists ------------------------------------------------------------------
 
@@ -240,10 +206,7 @@ void ComboBox::Clear() {
     ListaBase::Clear();
 }
 
-void ComboBox::Locked(bool value) {
-    locked_ = value;
-    Cambio();
-}
+void ComboBox::Locked(bool value) { Fijar(locked_, value); }
 
 bool ComboBox::Escribir(const std::string& texto) {
     if (!Accesible() || locked_ || estilo_ == Estilo::SoloLista) return false;
@@ -287,10 +250,7 @@ void ListView::AgregarColumna(const std::string& text, int width) {
     Cambio();
 }
 
-void ListView::Checkboxes(bool value) {
-    checkboxes_ = value;
-    Cambio();
-}
+void ListView::Checkboxes(bool value) { Fijar(checkboxes_, value); }
 
 const ItemVista& ListView::Item(int index) const {
     ComprobarItem(index);
@@ -440,15 +400,9 @@ CommandButton::CommandButton(Dialogo& dialogo, std::string nombre, std::string c
     Caption(caption);
 }
 
-void CommandButton::Default(bool value) {
-    default_ = value;
-    Cambio();
-}
+void CommandButton::Default(bool value) { Fijar(default_, value); }
 
-void CommandButton::Cancel(bool value) {
-    cancel_ = value;
-    Cambio();
-}
+void CommandButton::Cancel(bool value) { Fijar(cancel_, value); }
 
 bool CommandButton::Pulsar() {
     if (!Accesible()) return false;
@@ -491,10 +445,7 @@ PictureBox::PictureBox(Dialogo& dialogo, std::string nombre, std::string caption
     Caption(caption);
 }
 
-void PictureBox::Picture(std::shared_ptr<host::Picture> value) {
-    picture_ = std::move(value);
-    Cambio();
-}
+void PictureBox::Picture(std::shared_ptr<host::Picture> value) { Fijar(picture_, value); }
 
 ProgressBar::ProgressBar(Dialogo& dialogo, std::string nombre)
     : Control(dialogo, std::move(nombre), TipoControl::ProgressBar) {}
@@ -573,33 +524,23 @@ void AddressControl::Cambiado() {
 }
 
 void AddressControl::address(const std::string& value) {
-    if (value == address_) return;
-    address_ = value;
-    Cambiado();
+    if (Fijar(address_, value) && Change) Change();
 }
 
 void AddressControl::colony(const std::string& value) {
-    if (value == colony_) return;
-    colony_ = value;
-    Cambiado();
+    if (Fijar(colony_, value) && Change) Change();
 }
 
 void AddressControl::phone(const std::string& value) {
-    if (value == phone_) return;
-    phone_ = value;
-    Cambiado();
+    if (Fijar(phone_, value) && Change) Change();
 }
 
 void AddressControl::notes(const std::string& value) {
-    if (value == notes_) return;
-    notes_ = value;
-    Cambiado();
+    if (Fijar(notes_, value) && Change) Change();
 }
 
 void AddressControl::codep(const std::string& value) {
-    if (value == codep_) return;
-    codep_ = value;
-    Cambiado();
+    if (Fijar(codep_, value) && Change) Change();
 }
 
 void AddressControl::ciudad(std::int32_t value) {
@@ -612,20 +553,12 @@ void AddressControl::ciudad(std::int32_t value) {
 }
 
 void AddressControl::pais(std::int32_t value) {
-    if (value == pais_) return;
-    pais_ = value;
-    Cambiado();
+    if (Fijar(pais_, value) && Change) Change();
 }
 
-void AddressControl::titulo(const std::string& value) {
-    titulo_ = value;
-    Cambio();
-}
+void AddressControl::titulo(const std::string& value) { Fijar(titulo_, value); }
 
-void AddressControl::direccionSeparada(bool value) {
-    direccionSeparada_ = value;
-    Cambio();
-}
+void AddressControl::direccionSeparada(bool value) { Fijar(direccionSeparada_, value); }
 
 namespace {
 

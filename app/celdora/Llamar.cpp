@@ -5,11 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "app/celdora/Conexion.h"
+#include "app/celdora/Enlace.h"
 #include "core/Dispatch.h"
 #include "core/cAcction.h"
-#include "platform/common/Catalogo.h"
-#include "platform/common/DataObjectsMotor.h"
 #include "platform/common/Usuario.h"
 
 namespace celdora::app {
@@ -34,11 +32,9 @@ int Llamar(const Opciones& opciones, std::ostream& out) {
         throw ErrorDeUso{"cAcction no tiene el miembro " + miembro + " (véalos con: celdora members)"};
     }
 
-    auto conexion = AbrirConexion(opciones.db);
-    auto accion = std::make_shared<cAcction>();
-    accion->SetDataObjects(std::make_shared<platform::DataObjectsMotor>(conexion),
-                           std::make_shared<platform::CatalogoPaises>(conexion));
-    accion->ApplicationName = opciones.app;
+    const Fachada fachada = EnlazarFachada(opciones);
+    const auto& conexion = fachada.conexion;
+    const auto& accion = fachada.accion;
 
     std::vector<Variant> argumentos;
     for (std::size_t i = 1; i < opciones.argumentos.size(); ++i) {

@@ -8,6 +8,7 @@
 
 #include "app/celdora/Conexion.h"
 #include "app/celdora/Demo.h"
+#include "app/celdora/Dialogo.h"
 #include "app/celdora/Llamar.h"
 #include "app/celdora/Miembros.h"
 #include "app/celdora/Opciones.h"
@@ -34,6 +35,9 @@ const char* const kUso =
     "      conexión y @usuario un usuario en los grupos de --grupos. Muestra el\n"
     "      resultado (Verdadero (-1) / Falso (0) para los booleanos), luego\n"
     "      LastErrorDescript si no está vacío; los mensajes aparecen al mostrarse.\n"
+    "  dialog [NOMBRE] [--console]\n"
+    "      Sin nombre, lista los diálogos; con él, abre ese diálogo (en Qt si hay\n"
+    "      pantalla, si no o con --console en la terminal) y dice si se aceptó.\n"
     "\n"
     "Opciones (antes de la orden):\n"
     "  --db URL          base de datos: sqlite:RUTA (por omisión sqlite:celdora-demo.db),\n"
@@ -88,6 +92,7 @@ int Ejecutar(const std::vector<std::string>& args) {
     if (opciones.orden == "demo") return Demo(opciones);
     if (opciones.orden == "members") return app::ListarMiembros(opciones.argumentos, std::cout);
     if (opciones.orden == "call") return app::Llamar(opciones, std::cout);
+    if (opciones.orden == "dialog") return app::MostrarDialogo(opciones, std::cout);
     throw app::ErrorDeUso{"orden desconocida: " + opciones.orden};
 }
 

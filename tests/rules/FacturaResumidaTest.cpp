@@ -8,6 +8,8 @@
 #include <vector>
 
 #include "core/cAcction.h"
+#include "forms/Controles.h"
+#include "forms/Dialogo.h"
 #include "rules/cConceptoFacHordana.h"
 #include "tests/support/CompanyFixture.h"
 #include "tests/support/TestPlatform.h"
@@ -143,6 +145,97 @@ TEST_F(FacturaResumida, ADecimalCommaBreaksTheInsertOfAFractionalAmount) {
     conceptos->DescuentosA = 12;
     EXPECT_TRUE(acc.EstablecerHordanaTipoFormato(1, 1, conceptos));
     EXPECT_EQ(Lineas(1), 1);
+}
+
+
+// The dialog that chooses the form: both texts are demanded whichever option
+// is on, the summary's texts come back trimmed, and closing gives nothing.
+class FormaDeFacturacion : public ::testing::Test {
+protected:
+    TestPlatform platform;
+    cAcction acc;
+
+    static forms::TextBox& Campo(forms::Dialogo& d, const char* nombre) { return d.Ver<forms::TextBox>(nombre); }
+    static void Aceptar(forms::Dialogo& d) { d.Ver<forms::CommandButton>("btnAceptar").Pulsar(); }
+};
+
+TEST_F(FormaDeFacturacion, OpensOnTheDetailedFormWithTheSummaryTextsDisabledAndTheirDefaults) {
+    platform.ui.AlMostrar("dlgFormaFacturacionHordana", [](forms::Dialogo& d) {
+        EXPECT_EQ(d.Caption(), "Opciones de generación del comprobante");
+        EXPECT_TRUE(d.Ver<forms::OptionButton>("optDetallado").Value());
+        EXPECT_FALSE(Campo(d, "txtConcepto").Enabled());
+        EXPECT_FALSE(Campo(d, "txtOtro").Enabled());
+        EXPECT_EQ(Campo(d, "txtUnidad1").Text(), "CONSUMO");
+        EXPECT_EQ(Campo(d, "txtConcepto").Text(), "CONSUMO DE ALIMENTOS");
+        EXPECT_EQ(Campo(d, "txtUnidad2").Text(), "PZA");
+        EXPECT_EQ(Campo(d, "txtOtro").Text(), "OTROS CONCEPTOS SIN IVA");
+        d.Ver<forms::OptionButton>("optResumido").Pulsar();
+        EXPECT_TRUE(Campo(d, "txtConcepto").Enabled());
+        EXPECT_TRUE(Campo(d, "txtOtro").Enabled());
+        d.Ver<forms::OptionButton>("optDetallado").Pulsar();
+        EXPECT_FALSE(Campo(d, "txtOtro").Enabled());
+        Aceptar(d);
+    });
+    const auto resultado = acc.FormaGenerarComprobanteHordana();
+    ASSERT_NE(resultado, nullptr);
+    EXPECT_FALSE(resultado->Resumido);
+    EXPECT_EQ(resultado->ConceptoResumido, "");
+}
+
+TEST_F(FormaDeFacturacion, BothTextsAreDemandedAlsoWithTheDetailedForm) {
+    platform.ui.AlMostrar("dlgFormaFacturacionHordana", [](forms::Dialogo& d) {
+        Campo(d, "txtConcepto").Text("   ");
+        Aceptar(d);
+        EXPECT_TRUE(d.Visible());
+        EXPECT_EQ(d.Foco(), &Campo(d, "txtConcepto"));
+        Campo(d, "txtConcepto").Text("CONSUMO");
+        Campo(d, "txtOtro").Text("");
+        Aceptar(d);
+        EXPECT_TRUE(d.Visible());
+        EXPECT_EQ(d.Foco(), &Campo(d, "txtOtro"));
+        Campo(d, "txtOtro").Text("SIN IVA");
+        Aceptar(d);
+    });
+    const auto resultado = acc.FormaGenerarComprobanteHordana();
+    EXPECT_FALSE(resultado->Resumido);
+    const auto& cajas = platform.ui.Cajas();
+    ASSERT_EQ(cajas.size(), 2u);
+    EXPECT_EQ(cajas[0].texto, "Escriba la descripción del concepto a facturar.");
+    EXPECT_EQ(cajas[0].icono, Icono::Informacion);
+    EXPECT_EQ(cajas[1].texto, "Escriba la descripción del concepto sin impuestos a facturar.");
+    EXPECT_EQ(cajas[1].icono, Icono::Informacion);
+}
+
+TEST_F(FormaDeFacturacion, TheSummaryFormReturnsTheFourTextsTrimmed) {
+    platform.ui.AlMostrar("dlgFormaFacturacionHordana", [](forms::Dialogo& d) {
+        d.Ver<forms::OptionButton>("optResumido").Pulsar();
+        Campo(d, "txtUnidad1").Escribir(" SERV ");
+        Campo(d, "txtConcepto").Escribir("  CONSUMO EN RESTAURANTE ");
+        Campo(d, "txtUnidad2").Escribir("PZA ");
+        Campo(d, "txtOtro").Escribir(" BEBIDAS");
+        Aceptar(d);
+    });
+    const auto resultado = acc.FormaGenerarComprobanteHordana();
+    EXPECT_TRUE(resultado->Resumido);
+    EXPECT_EQ(resultado->UnidadC1, "SERV");
+    EXPECT_EQ(resultado->ConceptoResumido, "CONSUMO EN RESTAURANTE");
+    EXPECT_EQ(resultado->UnidadC2, "PZA");
+    EXPECT_EQ(resultado->ConceptoResumidoCeroIVA, "BEBIDAS");
+    // The amounts are the host's.
+    EXPECT_EQ(resultado->PrecioA, 0);
+}
+
+TEST_F(FormaDeFacturacion, ClosingTheWindowGivesAnObjectWithNothingChosenAndRestoresThePointer) {
+    platform.ui.MousePointer(host::Puntero::Reloj);
+    platform.ui.AlMostrar("dlgFormaFacturacionHordana", [&](forms::Dialogo& d) {
+        EXPECT_EQ(platform.ui.MousePointerActual(), host::Puntero::Normal);
+        d.Ver<forms::OptionButton>("optResumido").Pulsar();
+        d.Cerrar();
+    });
+    const auto resultado = acc.FormaGenerarComprobanteHordana();
+    EXPECT_FALSE(resultado->Resumido);
+    EXPECT_EQ(resultado->UnidadC1, "");
+    EXPECT_EQ(platform.ui.MousePointerActual(), host::Puntero::Reloj);
 }
 
 }  // namespace

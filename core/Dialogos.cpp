@@ -1,0 +1,51 @@
+#include "core/Dialogos.h"
+
+#include <functional>
+#include <map>
+
+#include "core/cAcction.h"
+#include "rules/dlgAddress.h"
+#include "rules/dlgFormaFacturacionHordana.h"
+#include "rules/dlgFormaPago.h"
+#include "rules/frmPB.h"
+#include "rules/frmSaveAs.h"
+#include "value/Text.h"
+
+namespace celdora::dialogos {
+
+namespace {
+
+using Fabrica = std::function<std::unique_ptr<forms::Dialogo>(cAcction&)>;
+
+template <class T>
+Fabrica Simple() {
+    return [](cAcction&) { return std::make_unique<T>(); };
+}
+
+const std::map<std::string, Fabrica>& Fabricas() {
+    static const std::map<std::string, Fabrica> fabricas = {
+        {"dlgAddress", Simple<dlgAddress>()},
+        {"dlgFormaFacturacionHordana", Simple<dlgFormaFacturacionHordana>()},
+        {"dlgFormaPago", Simple<dlgFormaPago>()},
+        {"frmPB", Simple<frmPB>()},
+        {"frmSaveAs", Simple<frmSaveAs>()},
+    };
+    return fabricas;
+}
+
+}  // namespace
+
+std::vector<std::string> Nombres() {
+    std::vector<std::string> nombres;
+    for (const auto& [nombre, fabrica] : Fabricas()) nombres.push_back(nombre);
+    return nombres;
+}
+
+std::unique_ptr<forms::Dialogo> Crear(const std::string& nombre, cAcction& accion) {
+    for (const auto& [clase, fabrica] : Fabricas()) {
+        if (EqualText(clase, nombre)) return fabrica(accion);
+    }
+    return nullptr;
+}
+
+}  // namespace celdora::dialogos
