@@ -1,0 +1,24 @@
+#pragma once
+
+#include <iosfwd>
+
+#include "app/celdora/Opciones.h"
+
+namespace celdora::app {
+
+// "celdora informe generar --mes M --anio A --carpeta DIR [--si|--no]":
+// generates the monthly report of that month on the database of --db, as
+// GenerarInformeMensual does with the month and year locked; the tool
+// accepts the dialog for the user (and cancels it if it comes back after a
+// failure), answers the folder picker with DIR, and follows the progress
+// window on the terminal. Questions (overwriting a stored report) are asked
+// on the terminal unless --si or --no answers them. Exit code 0 when the
+// report was generated, 1 when not.
+//
+// "celdora informe ver [--anio A] [--mes M]": opens the report browser,
+// VerInformesMensuales, on the year A (by default the present one) with the
+// report of month M selected (by default the first), prints what it shows
+// (the year's reports, the selected report's lines, its totals) and closes.
+int Informe(const Opciones& opciones, std::ostream& out);
+
+}  // namespace celdora::app
