@@ -10,6 +10,7 @@ packages=(
   libmariadb-dev
   unixodbc-dev libsqliteodbc
   libssl-dev
+  clang-14 libclang-rt-14-dev
 )
 
 missing=()
