@@ -1,7 +1,5 @@
 #include "platform/console/ConsolaUi.h"
 
-#include "forms/Dialogo.h"
-
 #include <iostream>
 #include <vector>
 
@@ -83,11 +81,12 @@ std::optional<Respuesta> Interpretar(const Pregunta& pregunta, const std::string
 }  // namespace
 
 ConsolaUi::ConsolaUi(std::istream& in, std::ostream& out, RespuestaFija respuesta)
-    : in_(in), out_(out), respuesta_(respuesta) {}
+    : in_(in), out_(out), respuesta_(respuesta), renderizador_([this] { return LeerLinea(); }, out) {}
 
 ConsolaUi::ConsolaUi(RespuestaFija respuesta) : ConsolaUi(std::cin, std::cout, respuesta) {}
 
 Respuesta ConsolaUi::MsgBox(const std::string& text, Botones buttons, Icono icon, const std::string& title) {
+    renderizador_.Vaciar();
     if (!title.empty()) out_ << title << '\n';
     const std::string icono = PalabraIcono(icon);
     out_ << (icono.empty() ? icono : icono + ' ') << text << '\n';
@@ -138,9 +137,16 @@ void ConsolaUi::ClipboardSetText(const std::string& text) {
 
 void ConsolaUi::MousePointer(host::Puntero pointer) { puntero_ = pointer; }
 
-void ConsolaUi::DoEvents() { out_.flush(); }
+void ConsolaUi::DoEvents() {
+    renderizador_.Vaciar();
+    out_.flush();
+}
 
 std::shared_ptr<host::Picture> ConsolaUi::LoadPicture(const std::string& path) { return CargarImagen(path); }
+
+void ConsolaUi::ShowModal(forms::Dialogo& dialogo) { renderizador_.Modal(dialogo); }
+
+void ConsolaUi::Show(forms::Dialogo& dialogo) { renderizador_.Ventana(dialogo); }
 
 std::optional<std::string> ConsolaUi::LeerLinea() {
     std::string line;
@@ -159,18 +165,5 @@ std::optional<std::string> ConsolaUi::PedirRuta(const std::string& title, const 
     if (Trim(*line).empty()) return std::nullopt;
     return line;
 }
-
-}  // namespace celdora::platform
-
-namespace celdora::platform {
-
-// Until the terminal renderer lands, a dialog shown here is closed at once,
-// as if the person had closed its window, and says so.
-void ConsolaUi::ShowModal(forms::Dialogo& dialogo) {
-    out_ << "[" << dialogo.Caption() << "] no se puede mostrar en la terminal; se cierra.\n";
-    dialogo.Cerrar();
-}
-
-void ConsolaUi::Show(forms::Dialogo& dialogo) { out_ << "[" << dialogo.Caption() << "]\n"; }
 
 }  // namespace celdora::platform

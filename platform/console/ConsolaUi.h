@@ -6,6 +6,7 @@
 #include <string>
 
 #include "host/UiServices.h"
+#include "platform/console/RenderizadorConsola.h"
 
 namespace celdora::platform {
 
@@ -26,8 +27,12 @@ namespace celdora::platform {
 //
 // File and folder pickers ask for a path on one line; an empty line or the
 // end of the input means the user cancelled. The clipboard is kept in
-// memory; a terminal has no mouse pointer to change, so MousePointer does
-// nothing; DoEvents flushes the output.
+// memory; a terminal has no mouse pointer to change, so MousePointer only
+// remembers it; DoEvents prints what changed on the dialogs shown without
+// waiting and flushes the output.
+//
+// Dialogs are drawn and driven by RenderizadorConsola, which reads its
+// orders from the same input as the boxes.
 class ConsolaUi : public host::UiServices {
 public:
     enum class RespuestaFija { Ninguna, Si, No };
@@ -61,6 +66,7 @@ private:
     RespuestaFija respuesta_;
     std::string portapapeles_;
     host::Puntero puntero_ = host::Puntero::Normal;
+    RenderizadorConsola renderizador_;
 };
 
 }  // namespace celdora::platform

@@ -1,0 +1,507 @@
+#include "platform/console/OrdenesConsola.h"
+
+#include <optional>
+#include <ostream>
+#include <utility>
+#include <vector>
+
+#include "forms/Controles.h"
+#include "platform/console/DibujoConsola.h"
+#include "value/Convert.h"
+#include "value/Fault.h"
+#include "value/Text.h"
+
+namespace celdora::platform::consola {
+
+using forms::Control;
+using forms::TipoControl;
+
+namespace {
+
+// A typed line: the order's word, the control's name and the rest as typed.
+struct Linea {
+    std::string orden;
+    std::string control;
+    std::string resto;
+};
+
+struct Contexto {
+    forms::Dialogo& dialogo;
+    std::ostream& out;
+    Pedido pedido = Pedido::Nada;
+};
+
+// The first word of a text and what follows it, without the blanks between.
+std::pair<std::string, std::string> PrimeraPalabra(const std::string& texto) {
+    const std::string limpio = LTrim(texto);
+    const std::size_t blanco = limpio.find(' ');
+    if (blanco == std::string::npos) return {limpio, ""};
+    return {limpio.substr(0, blanco), LTrim(limpio.substr(blanco + 1))};
+}
+
+Linea Partir(const std::string& texto) {
+    auto [orden, despues] = PrimeraPalabra(texto);
+    auto [control, resto] = PrimeraPalabra(despues);
+    return {LCase(orden), control, resto};
+}
+
+std::string Q(const std::string& texto) { return "«" + texto + "»"; }
+
+void Falla(Contexto& c, const std::string& texto) { c.out << "Error: " << texto << '\n'; }
+
+// --- Finding what the person means -----------------------------------------
+
+// Whether a person can act on the control now; says why not.
+bool Alcanzable(Contexto& c, const Control& control) {
+    if (!Mostrado(control)) {
+        Falla(c, Q(control.Nombre()) + " no se ve ahora (está oculto o en otra página).");
+        return false;
+    }
+    if (!control.Accesible()) {
+        Falla(c, Q(control.Nombre()) + " está inhabilitado.");
+        return false;
+    }
+    return true;
+}
+
+Control* Alcanzar(Contexto& c, const Linea& linea) {
+    if (linea.control.empty()) {
+        Falla(c, "falta el nombre del control; escriba ayuda para ver las órdenes.");
+        return nullptr;
+    }
+    Control* control = c.dialogo.Buscar(linea.control);
+    if (control == nullptr) {
+        Falla(c, "no hay ningún control " + Q(linea.control) + " en " + Q(c.dialogo.Caption()) + ".");
+        return nullptr;
+    }
+    return Alcanzable(c, *control) ? control : nullptr;
+}
+
+// Gives the control the focus as a click would; false when a handler of
+// the focus closed the dialog meanwhile.
+bool Enfocar(Contexto& c, Control& control) {
+    control.SetFocus();
+    return c.dialogo.Visible();
+}
+
+bool EsNumero(const std::string& texto) {
+    if (texto.empty() || texto.size() > 6) return false;
+    for (char caracter : texto) {
+        if (caracter < '0' || caracter > '9') return false;
+    }
+    return true;
+}
+
+// The index (from 0) of the element a person named by its number (from 1)
+// or by its text.
+std::optional<int> Indice(Contexto& c, const Control& control, const std::string& argumento,
+                          const std::vector<std::string>& textos) {
+    const std::string nombrado = Trim(argumento);
+    const int cuantos = static_cast<int>(textos.size());
+    if (nombrado.empty()) {
+        Falla(c, "falta el número del elemento de " + Q(control.Nombre()) + ".");
+        return std::nullopt;
+    }
+    if (EsNumero(nombrado)) {
+        const int numero = std::stoi(nombrado);
+        if (numero >= 1 && numero <= cuantos) return numero - 1;
+    }
+    for (int i = 0; i < cuantos; ++i) {
+        if (EqualText(textos[static_cast<std::size_t>(i)], nombrado)) return i;
+    }
+    if (cuantos == 0) {
+        Falla(c, Q(control.Nombre()) + " no tiene elementos.");
+    } else {
+        Falla(c, Q(control.Nombre()) + " no tiene el elemento " + Q(nombrado) + " (elija de 1 a " +
+                     std::to_string(cuantos) + ").");
+    }
+    return std::nullopt;
+}
+
+std::vector<std::string> TextosLista(const forms::ListaBase& lista) {
+    std::vector<std::string> textos;
+    for (const forms::ItemLista& item : lista.Items()) textos.push_back(item.text);
+    return textos;
+}
+
+std::vector<std::string> TextosVista(const forms::ListView& vista) {
+    std::vector<std::string> textos;
+    for (int i = 0; i < vista.Count(); ++i) textos.push_back(vista.Item(i).text);
+    return textos;
+}
+
+std::vector<std::string> TextosPaginas(const forms::TabControl& pestanas) {
+    std::vector<std::string> textos;
+    for (const std::string& pagina : pestanas.Paginas()) textos.push_back(SinAcceso(pagina));
+    return textos;
+}
+
+std::vector<std::string> TextosLugares(const forms::AddressControl& direccion) {
+    std::vector<std::string> textos;
+    for (const forms::Lugar& lugar : direccion.Lugares()) textos.push_back(lugar.nombre);
+    return textos;
+}
+
+// An element and, at the end, "si" or "no": "2 si" gives "2" and true.
+std::pair<std::string, std::optional<bool>> SepararSiNo(const std::string& texto) {
+    const std::string limpio = Trim(texto);
+    const std::size_t blanco = limpio.rfind(' ');
+    const std::string ultima = LCase(blanco == std::string::npos ? limpio : limpio.substr(blanco + 1));
+    const std::string antes = blanco == std::string::npos ? "" : Trim(limpio.substr(0, blanco));
+    if (ultima == "si" || ultima == "sí" || ultima == "s") return {antes, true};
+    if (ultima == "no" || ultima == "n") return {antes, false};
+    return {limpio, std::nullopt};
+}
+
+// --- escribir ----------------------------------------------------------------
+
+void EscribirTexto(Contexto& c, Control& control, const std::string& tecleado) {
+    auto& texto = dynamic_cast<forms::TextBox&>(control);
+    // In a memo "\n" stands for the Enter key.
+    const std::string escrito = texto.Tipo() == TipoControl::Memo ? Replace(tecleado, "\\n", "\r\n") : tecleado;
+    if (!texto.Escribir(escrito)) Falla(c, Q(texto.Nombre()) + " no admite escribir.");
+}
+
+void EscribirCombo(Contexto& c, Control& control, const std::string& tecleado) {
+    if (!dynamic_cast<forms::ComboBox&>(control).Escribir(tecleado)) Falla(c, Q(control.Nombre()) + " no admite escribir.");
+}
+
+void EscribirNumero(Contexto& c, Control& control, const std::string& tecleado) {
+    auto& numero = dynamic_cast<forms::NumberField&>(control);
+    std::string queda;
+    for (std::size_t i = 1; i <= Len(tecleado); ++i) {
+        const int codigo = KeyCodeFromChar(Mid(tecleado, i, 1));
+        const int tecla = codigo == 0 ? 0 : numero.Tecla(codigo);
+        if (tecla != 0) queda += CharFromKeyCode(tecla);
+    }
+    queda = Trim(queda);
+    if (!queda.empty() && !IsNumericText(queda)) {
+        Falla(c, Q(queda) + " no es un número.");
+        return;
+    }
+    const double valor = queda.empty() ? 0.0 : CDbl(queda);
+    if (valor < numero.Min() || valor > numero.Max()) {
+        Falla(c, Q(numero.Nombre()) + " admite de " + CStr(numero.Min()) + " a " + CStr(numero.Max()) + ".");
+        return;
+    }
+    numero.Value(valor);
+}
+
+void EscribirFecha(Contexto& c, Control& control, const std::string& tecleado) {
+    std::optional<Date> leida;
+    try {
+        leida = CDate(Variant(Trim(tecleado)));
+    } catch (const Fault&) {
+        Falla(c, Q(tecleado) + " no es una fecha (dd/mm/aaaa).");
+        return;
+    }
+    dynamic_cast<forms::DateField&>(control).Value(*leida);
+}
+
+struct CampoDireccion {
+    std::vector<std::string> palabras;
+    void (*escribir)(forms::AddressControl&, const std::string&);
+};
+
+const std::vector<CampoDireccion>& CamposDireccion() {
+    using forms::AddressControl;
+    static const std::vector<CampoDireccion> campos{
+        {{"calle"}, [](AddressControl& d, const std::string& t) { d.Separada(t, d.NumeroExterior(), d.NumeroInterior()); }},
+        {{"exterior"}, [](AddressControl& d, const std::string& t) { d.Separada(d.Calle(), t, d.NumeroInterior()); }},
+        {{"interior"}, [](AddressControl& d, const std::string& t) { d.Separada(d.Calle(), d.NumeroExterior(), t); }},
+        {{"direccion", "dirección"}, [](AddressControl& d, const std::string& t) { d.address(t); }},
+        {{"colonia"}, [](AddressControl& d, const std::string& t) { d.colony(t); }},
+        {{"cp"}, [](AddressControl& d, const std::string& t) { d.codep(t); }},
+        {{"telefono", "teléfono"}, [](AddressControl& d, const std::string& t) { d.phone(t); }},
+        {{"notas"}, [](AddressControl& d, const std::string& t) { d.notes(t); }},
+    };
+    return campos;
+}
+
+void EscribirDireccion(Contexto& c, Control& control, const std::string& tecleado) {
+    auto& direccion = dynamic_cast<forms::AddressControl&>(control);
+    const auto [campo, texto] = PrimeraPalabra(tecleado);
+    for (const CampoDireccion& conocido : CamposDireccion()) {
+        for (const std::string& palabra : conocido.palabras) {
+            if (LCase(campo) == palabra) {
+                conocido.escribir(direccion, texto);
+                return;
+            }
+        }
+    }
+    Falla(c, "en " + Q(direccion.Nombre()) +
+                 " se escribe: calle, exterior, interior, direccion, colonia, cp, telefono o notas y el texto.");
+}
+
+using Escritor = void (*)(Contexto&, Control&, const std::string&);
+
+// How text is typed into a control of this kind; null when it takes none.
+Escritor EscritorDe(const Control& control) {
+    switch (control.Tipo()) {
+        case TipoControl::TextBox:
+        case TipoControl::Memo: return EscribirTexto;
+        case TipoControl::ComboBox:
+            if (dynamic_cast<const forms::ComboBox&>(control).Style() == forms::ComboBox::Estilo::Editable) {
+                return EscribirCombo;
+            }
+            return nullptr;
+        case TipoControl::NumberField: return EscribirNumero;
+        case TipoControl::DateField: return EscribirFecha;
+        case TipoControl::AddressControl: return EscribirDireccion;
+        default: return nullptr;
+    }
+}
+
+void Escribir(Contexto& c, const Linea& linea) {
+    Control* control = Alcanzar(c, linea);
+    if (control == nullptr) return;
+    const Escritor escritor = EscritorDe(*control);
+    if (escritor == nullptr) {
+        const bool combo = control->Tipo() == TipoControl::ComboBox;
+        Falla(c, Q(control->Nombre()) + " (" + NombreTipo(control->Tipo()) + ") no admite escribir" +
+                     (combo ? "; elija de su lista: elegir " + control->Nombre() + " N." : "."));
+        return;
+    }
+    if (SoloLectura(*control)) {
+        Falla(c, Q(control->Nombre()) + " es de solo lectura.");
+        return;
+    }
+    if (Enfocar(c, *control)) escritor(c, *control, linea.resto);
+}
+
+// --- elegir, pagina, doble -------------------------------------------------
+
+void ElegirPagina(Contexto& c, forms::TabControl& pestanas, const std::string& argumento) {
+    const auto indice = Indice(c, pestanas, argumento, TextosPaginas(pestanas));
+    if (indice && !pestanas.ClickPagina(*indice)) Falla(c, Q(pestanas.Nombre()) + " no cambió de página.");
+}
+
+void ElegirEn(Contexto& c, Control& control, const std::string& argumento) {
+    switch (control.Tipo()) {
+        case TipoControl::ComboBox:
+        case TipoControl::ListBox: {
+            auto& lista = dynamic_cast<forms::ListaBase&>(control);
+            const auto indice = Indice(c, lista, argumento, TextosLista(lista));
+            if (indice && Enfocar(c, lista)) lista.ListIndex(*indice);
+            return;
+        }
+        case TipoControl::ListView: {
+            auto& vista = dynamic_cast<forms::ListView&>(control);
+            const auto indice = Indice(c, vista, argumento, TextosVista(vista));
+            if (indice && Enfocar(c, vista)) vista.ClickItem(*indice);
+            return;
+        }
+        case TipoControl::TabControl: ElegirPagina(c, dynamic_cast<forms::TabControl&>(control), argumento); return;
+        case TipoControl::AddressControl: {
+            auto& direccion = dynamic_cast<forms::AddressControl&>(control);
+            const auto indice = Indice(c, direccion, argumento, TextosLugares(direccion));
+            if (indice && Enfocar(c, direccion)) {
+                direccion.ciudad(direccion.Lugares()[static_cast<std::size_t>(*indice)].ciudad);
+            }
+            return;
+        }
+        default: Falla(c, Q(control.Nombre()) + " (" + NombreTipo(control.Tipo()) + ") no tiene elementos que elegir.");
+    }
+}
+
+void Elegir(Contexto& c, const Linea& linea) {
+    Control* control = Alcanzar(c, linea);
+    if (control == nullptr) return;
+    if (SoloLectura(*control)) {
+        Falla(c, Q(control->Nombre()) + " es de solo lectura.");
+        return;
+    }
+    ElegirEn(c, *control, linea.resto);
+}
+
+void Pagina(Contexto& c, const Linea& linea) {
+    Control* control = Alcanzar(c, linea);
+    if (control == nullptr) return;
+    auto* pestanas = dynamic_cast<forms::TabControl*>(control);
+    if (pestanas == nullptr) {
+        Falla(c, Q(control->Nombre()) + " no tiene páginas.");
+        return;
+    }
+    ElegirPagina(c, *pestanas, linea.resto);
+}
+
+void Doble(Contexto& c, const Linea& linea) {
+    Control* control = Alcanzar(c, linea);
+    if (control == nullptr) return;
+    auto* vista = dynamic_cast<forms::ListView*>(control);
+    if (vista == nullptr) {
+        Falla(c, "el doble clic es para las filas de una vista; " + Q(control->Nombre()) + " no lo es.");
+        return;
+    }
+    const auto indice = Indice(c, *vista, linea.resto, TextosVista(*vista));
+    if (!indice || !Enfocar(c, *vista)) return;
+    // The first click selects the row, the second opens it.
+    vista->ClickItem(*indice);
+    if (c.dialogo.Visible() && vista->DblClick) vista->DblClick(*indice);
+}
+
+// --- marcar, pulsar, intro, esc ----------------------------------------------
+
+void MarcarFila(Contexto& c, Control& control, const std::string& elemento, std::optional<bool> marcada) {
+    if (auto* vista = dynamic_cast<forms::ListView*>(&control)) {
+        if (!vista->Checkboxes()) {
+            Falla(c, Q(vista->Nombre()) + " no tiene casillas.");
+            return;
+        }
+        const auto indice = Indice(c, *vista, elemento, TextosVista(*vista));
+        if (indice && Enfocar(c, *vista)) vista->MarcarItem(*indice, marcada.value_or(!vista->Item(*indice).checked));
+        return;
+    }
+    auto& lista = dynamic_cast<forms::ListBox&>(control);
+    if (!lista.Casillas()) {
+        Falla(c, Q(lista.Nombre()) + " no tiene casillas; use elegir.");
+        return;
+    }
+    const auto indice = Indice(c, lista, elemento, TextosLista(lista));
+    if (indice && Enfocar(c, lista)) lista.Selected(*indice, marcada.value_or(!lista.Selected(*indice)));
+}
+
+void Marcar(Contexto& c, const Linea& linea) {
+    Control* control = Alcanzar(c, linea);
+    if (control == nullptr) return;
+    const auto [elemento, marcada] = SepararSiNo(linea.resto);
+    switch (control->Tipo()) {
+        case TipoControl::CheckBox: {
+            auto& casilla = dynamic_cast<forms::CheckBox&>(*control);
+            if (!Enfocar(c, casilla)) return;
+            if (marcada) {
+                casilla.Value(*marcada ? 1 : 0);
+            } else {
+                casilla.Pulsar();
+            }
+            return;
+        }
+        case TipoControl::OptionButton:
+            if (marcada == false) {
+                Falla(c, "una opción se apaga eligiendo otra de su grupo.");
+            } else if (Enfocar(c, *control)) {
+                dynamic_cast<forms::OptionButton&>(*control).Pulsar();
+            }
+            return;
+        case TipoControl::ListView:
+        case TipoControl::ListBox: MarcarFila(c, *control, elemento, marcada); return;
+        default: Falla(c, Q(control->Nombre()) + " (" + NombreTipo(control->Tipo()) + ") no tiene casillas.");
+    }
+}
+
+void Pulsar(Contexto& c, const Linea& linea) {
+    Control* control = Alcanzar(c, linea);
+    if (control == nullptr) return;
+    if (auto* boton = dynamic_cast<forms::CommandButton*>(control)) {
+        boton->Pulsar();
+    } else if (auto* casilla = dynamic_cast<forms::CheckBox*>(control)) {
+        if (Enfocar(c, *casilla)) casilla->Pulsar();
+    } else if (auto* opcion = dynamic_cast<forms::OptionButton*>(control)) {
+        if (Enfocar(c, *opcion)) opcion->Pulsar();
+    } else {
+        Falla(c, Q(control->Nombre()) + " (" + NombreTipo(control->Tipo()) + ") no se pulsa.");
+    }
+}
+
+// The button that a key presses: Enter the default one, Escape the cancel one.
+void PulsarTecla(Contexto& c, bool cancelar) {
+    for (const auto& control : c.dialogo.Controles()) {
+        auto* boton = dynamic_cast<forms::CommandButton*>(control.get());
+        if (boton == nullptr || (cancelar ? !boton->Cancel() : !boton->Default())) continue;
+        if (Alcanzable(c, *boton)) boton->Pulsar();
+        return;
+    }
+    Falla(c, cancelar ? "no hay botón de cancelar." : "no hay botón predeterminado.");
+}
+
+void Intro(Contexto& c, const Linea&) { PulsarTecla(c, false); }
+
+void Esc(Contexto& c, const Linea&) { PulsarTecla(c, true); }
+
+// --- ver, cerrar, ayuda --------------------------------------------------------
+
+void Ver(Contexto& c, const Linea&) { c.pedido = Pedido::VerTodo; }
+
+void Cerrar(Contexto& c, const Linea&) {
+    c.dialogo.Cerrar();
+    if (c.dialogo.Visible()) c.out << Q(c.dialogo.Caption()) << " no se cerró.\n";
+}
+
+void MostrarAyuda(Contexto& c, const Linea&) { Ayuda(c.out); }
+
+struct Orden {
+    std::vector<std::string> palabras;  // the first is the order's name
+    const char* uso;
+    const char* explicacion;
+    void (*accion)(Contexto&, const Linea&);
+};
+
+const std::vector<Orden>& Ordenes() {
+    static const std::vector<Orden> ordenes{
+        {{"escribir", "escribe", "teclear"}, "escribir CONTROL TEXTO",
+         "teclea el texto en un campo de texto, número o fecha (dd/mm/aaaa) o en un combo editable;\n"
+         "en un memo \\n es un salto de línea; en una dirección: escribir CONTROL CAMPO TEXTO\n"
+         "con CAMPO calle, exterior, interior, direccion, colonia, cp, telefono o notas",
+         Escribir},
+        {{"elegir", "elige", "seleccionar"}, "elegir CONTROL N",
+         "elige el elemento N de un combo o lista, la fila N de una vista,\n"
+         "la página N de unas pestañas o la ciudad N de una dirección",
+         Elegir},
+        {{"marcar", "marca"}, "marcar CONTROL [N] [si|no]",
+         "marca o desmarca una casilla, o la casilla de la fila N de una vista o lista;\n"
+         "sin si ni no la cambia",
+         Marcar},
+        {{"pulsar", "pulsa", "clic"}, "pulsar CONTROL", "pulsa un botón, una casilla o una opción", Pulsar},
+        {{"doble", "dobleclic"}, "doble CONTROL N", "doble clic en la fila N de una vista", Doble},
+        {{"pagina", "página", "pestaña"}, "pagina CONTROL N", "muestra la página N de unas pestañas", Pagina},
+        {{"intro", "enter"}, "intro", "pulsa el botón predeterminado", Intro},
+        {{"esc", "escape"}, "esc", "pulsa el botón de cancelar", Esc},
+        {{"ver", "mostrar"}, "ver", "muestra otra vez el diálogo completo", Ver},
+        {{"cerrar", "salir"}, "cerrar", "cierra la ventana, como su X", Cerrar},
+        {{"ayuda", "?"}, "ayuda", "muestra estas órdenes", MostrarAyuda},
+    };
+    return ordenes;
+}
+
+const Orden* BuscarOrden(const std::string& palabra) {
+    for (const Orden& orden : Ordenes()) {
+        for (const std::string& alias : orden.palabras) {
+            if (alias == palabra) return &orden;
+        }
+    }
+    return nullptr;
+}
+
+}  // namespace
+
+Pedido EjecutarOrden(forms::Dialogo& dialogo, const std::string& texto, std::ostream& out) {
+    Contexto contexto{dialogo, out};
+    const Linea linea = Partir(texto);
+    if (linea.orden.empty() || linea.orden[0] == '#') return Pedido::Nada;
+    const Orden* orden = BuscarOrden(linea.orden);
+    if (orden == nullptr) {
+        Falla(contexto, "no conozco la orden " + Q(linea.orden) + "; escriba ayuda para ver las órdenes.");
+        return Pedido::Nada;
+    }
+    orden->accion(contexto, linea);
+    return contexto.pedido;
+}
+
+void Ayuda(std::ostream& out) {
+    constexpr std::size_t kAncho = 28;
+    const std::string sangria(kAncho + 2, ' ');
+    out << "Órdenes (CONTROL es el nombre del control, sin importar mayúsculas;\n"
+           "N es el número del elemento, desde 1, o su texto):\n";
+    for (const Orden& orden : Ordenes()) {
+        out << "  " << orden.uso << std::string(kAncho - Len(orden.uso), ' ')
+            << Replace(orden.explicacion, "\n", "\n" + sangria) << '\n';
+        if (orden.palabras.size() > 1) {
+            std::string alias;
+            for (std::size_t i = 1; i < orden.palabras.size(); ++i) alias += (i > 1 ? ", " : "") + orden.palabras[i];
+            out << sangria << "(también: " << alias << ")\n";
+        }
+    }
+    out << "Las líneas vacías y las que empiezan con # no hacen nada.\n";
+}
+
+}  // namespace celdora::platform::consola
