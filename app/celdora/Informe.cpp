@@ -14,7 +14,6 @@
 #include "report/FormatoInforme.h"
 #include "report/dlgExportarInforme.h"
 #include "report/dlgInforme.h"
-#include "value/Convert.h"
 #include "value/Text.h"
 
 namespace celdora::app {
@@ -89,6 +88,18 @@ std::string RutaDelArchivo(cAcction& accion, const OpcionesInforme& o) {
     return mdlMain::Utilerias().AgregarDiagonal(*o.carpeta) + informe::NombreInforme(rfc, *o.mes, *o.anio) + ".txt";
 }
 
+void Seleccionar(dlgExportarInforme& dialogo, const OpcionesInforme& o, std::ostream& out) {
+    if (o.anio) dialogo.cmbAnio.Text(std::to_string(*o.anio));
+    if (!o.mes) return;
+    for (int i = 0; i < dialogo.lvw.Count(); ++i) {
+        if (dialogo.lvw.SubItem(i, 3) == std::to_string(*o.mes)) {
+            dialogo.lvw.ClickItem(i);
+            return;
+        }
+    }
+    out << "No hay informe del mes " << *o.mes << ".\n";
+}
+
 int Generar(cAcction& accion, UiGuiada& ui, const OpcionesInforme& o, std::ostream& out) {
     int vez = 0;
     ui.Carpeta(*o.carpeta);
@@ -116,45 +127,15 @@ int Generar(cAcction& accion, UiGuiada& ui, const OpcionesInforme& o, std::ostre
     return 0;
 }
 
-void Imprimir(const dlgExportarInforme& d, std::ostream& out) {
-    out << d.cmbAnio.Caption() << " " << d.cmbAnio.Text() << "\n";
-    if (d.lvw.Count() == 0) out << "  (ningún informe)\n";
-    for (int i = 0; i < d.lvw.Count(); ++i) {
-        out << (i == d.lvw.SelectedItem() ? "* " : "  ") << d.lvw.Item(i).text << "  " << d.lvw.SubItem(i, 1) << "  "
-            << d.lvw.SubItem(i, 2) << "\n";
-    }
-    if (d.lvw.SelectedItem() < 0) return;
-    out << d.lblcontenido.Caption() << "\n";
-    if (d.dxGrid.RowCount() == 0) out << "  (sin contenido)\n";
-    const int columnas = static_cast<int>(d.dxGrid.Columnas().size());
-    for (int fila = 0; fila < d.dxGrid.RowCount(); ++fila) {
-        std::string linea;
-        for (int columna = 0; columna < columnas; ++columna) {
-            linea += (columna == 0 ? "  " : " | ") + CStr(d.dxGrid.Celda(fila, columna));
-        }
-        out << linea << "\n";
-    }
-    out << d.eNumTotal.Caption() << " " << d.eNumTotal.TextoMostrado() << "\n"
-        << d.eNumIVA.Caption() << " " << d.eNumIVA.TextoMostrado() << "\n";
-}
-
-int Ver(cAcction& accion, UiGuiada& ui, const OpcionesInforme& o, std::ostream& out) {
+// The browser on the terminal, as VerInformesMensuales opens it; the year
+// and month asked are selected when it first shows, and then the person (or
+// a script on the input) works in it.
+int Ver(cAcction& accion, UiGuiada& ui, host::UiServices& terminal, const OpcionesInforme& o, std::ostream& out) {
+    int vez = 0;
     ui.AlMostrar("dlgExportarInforme", [&](forms::Dialogo& d) {
         auto& dialogo = dynamic_cast<dlgExportarInforme&>(d);
-        if (o.anio) dialogo.cmbAnio.Text(std::to_string(*o.anio));
-        if (o.mes) {
-            int elegido = -1;
-            for (int i = 0; i < dialogo.lvw.Count(); ++i) {
-                if (dialogo.lvw.SubItem(i, 3) == std::to_string(*o.mes)) elegido = i;
-            }
-            if (elegido >= 0) {
-                dialogo.lvw.ClickItem(elegido);
-            } else {
-                out << "No hay informe del mes " << *o.mes << ".\n";
-            }
-        }
-        Imprimir(dialogo, out);
-        dialogo.btnCerrar.Pulsar();
+        if (vez++ == 0) Seleccionar(dialogo, o, out);
+        terminal.ShowModal(dialogo);
     });
     bool regenerar = true;
     bool eliminar = true;
@@ -176,7 +157,8 @@ int Informe(const Opciones& opciones, std::ostream& out) {
     platform::PlataformaInstalada instalada(plataforma);
     mdlMain::SoltarObjetosCompartidos();
 
-    const int codigo = o.accion == "generar" ? Generar(*fachada.accion, ui, o, out) : Ver(*fachada.accion, ui, o, out);
+    const int codigo =
+        o.accion == "generar" ? Generar(*fachada.accion, ui, o, out) : Ver(*fachada.accion, ui, consola, o, out);
     mdlMain::SoltarObjetosCompartidos();
     return codigo;
 }

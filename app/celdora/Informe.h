@@ -16,9 +16,9 @@ namespace celdora::app {
 // report was generated, 1 when not.
 //
 // "celdora informe ver [--anio A] [--mes M]": opens the report browser,
-// VerInformesMensuales, on the year A (by default the present one) with the
-// report of month M selected (by default the first), prints what it shows
-// (the year's reports, the selected report's lines, its totals) and closes.
+// VerInformesMensuales, on the terminal, with the year A (by default the
+// present one) and the report of month M (by default the first) selected;
+// from there the person, or a script on the input, works in it.
 int Informe(const Opciones& opciones, std::ostream& out);
 
 }  // namespace celdora::app

@@ -232,12 +232,17 @@ TEST_F(Celdora, GeneratesAMonthlyReportIntoTheGivenFolderFollowingTheProgress) {
               "|CIN960904FQ2|A|4|201012345|09/11/2026 17:45:00|986.00|136.00|0|I||||\r\n"
               "|CIN960904FQ2|B|1|201123456|18/11/2026 10:30:00|580.00|80.00|1|E||||");
 
-    const Salida ver = Celdora_("", "informe ver --anio 2026 --mes 11");
+    // The browser opens with November selected; a script exports it and closes.
+    const fs::path exportado = carpeta / "exportado";
+    fs::create_directories(exportado);
+    const Salida ver = Celdora_("", "informe ver --anio 2026 --mes 11",
+                                "pulsar btnExportar\\n" + exportado.string() + "\\ncerrar\\n");
     EXPECT_EQ(ver.codigo, 0) << ver.texto;
-    EXPECT_TRUE(Contiene(ver.texto, "* 1EKU9003173C9112026  Noviembre  22/11/2026")) << ver.texto;
-    EXPECT_TRUE(Contiene(ver.texto, "  3 | CIN960904FQ2 | A | 4 | 201012345 | 09/11/2026 17:45:00 | 986 | 136 | 0 |"))
-        << ver.texto;
+    EXPECT_TRUE(Contiene(ver.texto, "Contenido del informe 1EKU9003173C9112026")) << ver.texto;
     EXPECT_TRUE(Contiene(ver.texto, "Monto total: $ 6,032.")) << ver.texto;
+    EXPECT_TRUE(Contiene(ver.texto, "[Información] Archivo guardado correctamente.")) << ver.texto;
+    std::ifstream copia(exportado / "1EKU9003173C9112026.txt", std::ios::binary);
+    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(copia), {}), texto);
 }
 
 TEST_F(Celdora, AStoredMonthIsOverwrittenOnlyWhenTheQuestionIsAnsweredYes) {
