@@ -138,13 +138,12 @@ std::optional<std::string> dlgInforme::NombreDelInforme(std::int16_t mes, std::i
     return informe::NombreInforme(rfc, mes, anio);
 }
 
-// Everything from the transaction's start to its end: a failure on the way
-// rolls back, closes the progress window and says why, and the dialog, hidden
-// by then, comes back.
+// The generation: the choices are checked, then everything happens in one
+// transaction, and a failure on the way rolls back, closes the progress
+// window and says why; the dialog, hidden by then, comes back.
 bool dlgInforme::Save() {
     bool result = false;
     bool enTransaccion = false;
-    std::shared_ptr<host::Recordset> recordset;
     auto fault = Trap([&] {
         const std::int16_t anio = CInt(Variant(cmbAnio.Text()));
         const std::int16_t mes = static_cast<std::int16_t>(cmbmes.ListIndex() + 1);
@@ -159,53 +158,7 @@ bool dlgInforme::Save() {
         Deref(Fachada().DataObjects).IniciarTransaccion();
         enTransaccion = true;
         Hide();
-        mdlMain::MostrarProgreso("Generando informe mensual.");
-        if (existe) {
-            mdlMain::AvanzarProgreso("Eliminando registro anterior...");
-            std::int16_t mesAnterior = mes;
-            std::int16_t anioAnterior = anio;
-            bool conTransaccion = false;
-            bool preguntar = false;
-            if (!Fachada().EliminarInformeMensual(mesAnterior, anioAnterior, conTransaccion, preguntar)) {
-                Abandonar("Error " + Fachada().LastErrorDescript);
-                return;
-            }
-        }
-        recordset = mdlMain::AbrirConsulta(
-            Fachada().ADOCnn,
-            "SELECT ut_CFDBitacora.Sys_PK,ut_CFDBitacora.uf_Datos,ut_CFDFolio.uf_noAprobacion,"
-            "ut_CFDFolio.uf_anoAprobacion FROM ut_CFDBitacora INNER JOIN (ut_CFD INNER JOIN ut_CFDFOlio ON "
-            "ut_CFD.uf_CFDFolio=ut_CFDFOlio.Sys_PK) ON ut_CFDBitacora.uf_CFD=ut_CFD.Sys_PK WHERE ( NOT "
-            "(ut_CFDBitacora.uf_Reportado<>0)) AND Year(ut_CFD.uf_FechaHora)=" +
-                std::to_string(anio) + " AND Month(ut_CFD.uf_FechaHora)=" + std::to_string(mes));
-        if (!recordset) {
-            Abandonar("Error al obtener información.");
-            return;
-        }
-        const bool vacio = recordset->Eof() && recordset->Bof();
-        std::string contenido;
-        if (!vacio && !RecorrerBitacora(*recordset, contenido)) return;
-
-        mdlMain::AvanzarProgreso("Guardando registro...");
-        const Date ahora = host::CurrentPlatform().Reloj().Now();
-        if (!GuardarInforme(contenido, *nombre, mes, anio, ahora) ||
-            !mdlMain::Utilerias().GuardarArchivoTexto(ruta, contenido)) {
-            Abandonar("Error al guardar archivo " + ruta);
-            return;
-        }
-        mdlMain::CerrarProgreso(true);
-        if (vacio) {
-            core::Caja("Archivo generado correctamente. No se encontró ningún comprobante emitido en el mes de " +
-                           cmbmes.Text() + " y el año " + cmbAnio.Text(),
-                       Icono::Informacion);
-        } else {
-            core::Caja("El archivo ha sido generado correctamente correspondiente al mes de " + cmbmes.Text() +
-                           " y al año " + cmbAnio.Text(),
-                       Icono::Informacion);
-        }
-        Deref(Fachada().DataObjects).ConfirmarTransaccion(0);
-        recordset->Close();
-        result = true;
+        result = GenerarEnTransaccion(mes, anio, existe, *nombre, ruta);
     });
     if (fault) {
         if (enTransaccion) ResumeNext([&] { Deref(Fachada().DataObjects).RevertirTransaccion(0); });
@@ -213,8 +166,61 @@ bool dlgInforme::Save() {
         ResumeNext([&] { core::Caja(NumberAndDescriptionTight(*fault) + " Save()", Icono::Exclamacion); });
         result = false;
     }
-    if (!result && recordset) ResumeNext([&] { recordset->Close(); });
     return result;
+}
+
+// Inside the transaction Save began: the former report goes, the month's
+// unreported rows become the report, and the report is stored and written.
+// The commit comes after the user has read the closing message.
+bool dlgInforme::GenerarEnTransaccion(std::int16_t mes, std::int16_t anio, bool existe, const std::string& nombre,
+                                      const std::string& ruta) {
+    mdlMain::MostrarProgreso("Generando informe mensual.");
+    if (existe) {
+        mdlMain::AvanzarProgreso("Eliminando registro anterior...");
+        std::int16_t mesAnterior = mes;
+        std::int16_t anioAnterior = anio;
+        bool conTransaccion = false;
+        bool preguntar = false;
+        if (!Fachada().EliminarInformeMensual(mesAnterior, anioAnterior, conTransaccion, preguntar)) {
+            Abandonar("Error " + Fachada().LastErrorDescript);
+            return false;
+        }
+    }
+    auto recordset = mdlMain::AbrirConsulta(
+        Fachada().ADOCnn,
+        "SELECT ut_CFDBitacora.Sys_PK,ut_CFDBitacora.uf_Datos,ut_CFDFolio.uf_noAprobacion,"
+        "ut_CFDFolio.uf_anoAprobacion FROM ut_CFDBitacora INNER JOIN (ut_CFD INNER JOIN ut_CFDFOlio ON "
+        "ut_CFD.uf_CFDFolio=ut_CFDFOlio.Sys_PK) ON ut_CFDBitacora.uf_CFD=ut_CFD.Sys_PK WHERE ( NOT "
+        "(ut_CFDBitacora.uf_Reportado<>0)) AND Year(ut_CFD.uf_FechaHora)=" +
+            std::to_string(anio) + " AND Month(ut_CFD.uf_FechaHora)=" + std::to_string(mes));
+    if (!recordset) {
+        Abandonar("Error al obtener información.");
+        return false;
+    }
+    const bool vacio = recordset->Eof() && recordset->Bof();
+    std::string contenido;
+    if (!vacio && !RecorrerBitacora(*recordset, contenido)) return false;
+
+    mdlMain::AvanzarProgreso("Guardando registro...");
+    const Date ahora = host::CurrentPlatform().Reloj().Now();
+    if (!GuardarInforme(contenido, nombre, mes, anio, ahora) ||
+        !mdlMain::Utilerias().GuardarArchivoTexto(ruta, contenido)) {
+        Abandonar("Error al guardar archivo " + ruta);
+        return false;
+    }
+    mdlMain::CerrarProgreso(true);
+    if (vacio) {
+        core::Caja("Archivo generado correctamente. No se encontró ningún comprobante emitido en el mes de " +
+                       cmbmes.Text() + " y el año " + cmbAnio.Text(),
+                   Icono::Informacion);
+    } else {
+        core::Caja("El archivo ha sido generado correctamente correspondiente al mes de " + cmbmes.Text() +
+                       " y al año " + cmbAnio.Text(),
+                   Icono::Informacion);
+    }
+    Deref(Fachada().DataObjects).ConfirmarTransaccion(0);
+    recordset->Close();
+    return true;
 }
 
 bool dlgInforme::RecorrerBitacora(host::Recordset& recordset, std::string& contenido) {

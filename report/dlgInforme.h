@@ -51,6 +51,8 @@ private:
     // The report's name, once the issuer's tax identifier has passed its
     // checks; nothing when it has not, and the user has been told why.
     std::optional<std::string> NombreDelInforme(std::int16_t mes, std::int16_t anio);
+    bool GenerarEnTransaccion(std::int16_t mes, std::int16_t anio, bool existe, const std::string& nombre,
+                              const std::string& ruta);
     // Walks the month's log rows into the report text, writing each row's
     // report line back as reported; false when a row stopped the generation.
     bool RecorrerBitacora(host::Recordset& recordset, std::string& contenido);
