@@ -10,6 +10,7 @@ packages=(
   libmariadb-dev
   unixodbc-dev libsqliteodbc
   libssl-dev
+  qt6-base-dev qt6-translations-l10n xvfb xauth fonts-dejavu-core
   clang-14 libclang-rt-14-dev
 )
 

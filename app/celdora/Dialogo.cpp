@@ -40,7 +40,7 @@ int MostrarDialogo(const Opciones& opciones, std::ostream& out) {
     auto dialogo = dialogos::Crear(nombre, *fachada.accion);
     if (!dialogo) throw ErrorDeUso{"no hay un diálogo " + nombre + " (véalos con: celdora dialog)"};
     dialogo->ShowModal();
-    out << dialogo->Clase() << ": " << (dialogo->Aceptado ? "aceptado" : "no aceptado") << "\n";
+    out << dialogo->Clase() << " cerrado; Aceptado: " << (dialogo->Aceptado ? "Verdadero (-1)" : "Falso (0)") << "\n";
     dialogo->Unload();
     return 0;
 }

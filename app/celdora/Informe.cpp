@@ -58,8 +58,10 @@ OpcionesInforme LeerOpcionesInforme(const Opciones& globales) {
             valor = nombre.substr(igual + 1);
             nombre.resize(igual);
         }
+        if (nombre == "--console" || nombre == "--consola") continue;  // the tool's choice of interface
         if (nombre == "--si" || nombre == "--no") {
             if (valor) throw ErrorDeUso{nombre + " no lleva valor"};
+            if (o.accion == "ver") throw ErrorDeUso{"en informe ver, " + nombre + " va antes de la orden"};
             o.respuesta = nombre == "--si" ? platform::ConsolaUi::RespuestaFija::Si
                                            : platform::ConsolaUi::RespuestaFija::No;
             continue;
@@ -103,6 +105,7 @@ void Seleccionar(dlgExportarInforme& dialogo, const OpcionesInforme& o, std::ost
 int Generar(cAcction& accion, UiGuiada& ui, const OpcionesInforme& o, std::ostream& out) {
     int vez = 0;
     ui.Carpeta(*o.carpeta);
+    ui.SeguirProgreso(true);
     // The user accepts once; a dialog that comes back after a failure is
     // cancelled, since the tool would only give the same answers again.
     ui.AlMostrar("dlgInforme", [&](forms::Dialogo& d) {
@@ -149,16 +152,18 @@ int Informe(const Opciones& opciones, std::ostream& out) {
     const OpcionesInforme o = LeerOpcionesInforme(opciones);
     const Fachada fachada = EnlazarFachada(opciones);
 
-    // The terminal beneath, with the answer to questions given to this
-    // command, and the tool acting for the user on top of it.
+    // Generating runs on the terminal, which --si or --no may answer, since
+    // the tool answers the dialog itself; the browser shows in the interface
+    // the tool chose (Qt, or the terminal). The tool acts for the user on top.
     platform::ConsolaUi consola(o.respuesta);
-    UiGuiada ui(consola, out);
+    host::UiServices& debajo = o.accion == "generar" ? consola : host::CurrentPlatform().Ui();
+    UiGuiada ui(debajo, out);
     platform::PlataformaEscritorio plataforma(ui, host::CurrentPlatform().Reloj());
     platform::PlataformaInstalada instalada(plataforma);
     mdlMain::SoltarObjetosCompartidos();
 
     const int codigo =
-        o.accion == "generar" ? Generar(*fachada.accion, ui, o, out) : Ver(*fachada.accion, ui, consola, o, out);
+        o.accion == "generar" ? Generar(*fachada.accion, ui, o, out) : Ver(*fachada.accion, ui, debajo, o, out);
     mdlMain::SoltarObjetosCompartidos();
     return codigo;
 }

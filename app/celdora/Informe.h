@@ -15,10 +15,12 @@ namespace celdora::app {
 // on the terminal unless --si or --no answers them. Exit code 0 when the
 // report was generated, 1 when not.
 //
-// "celdora informe ver [--anio A] [--mes M]": opens the report browser,
-// VerInformesMensuales, on the terminal, with the year A (by default the
-// present one) and the report of month M (by default the first) selected;
-// from there the person, or a script on the input, works in it.
+// "celdora informe ver [--anio A] [--mes M] [--console]": opens the report
+// browser, VerInformesMensuales, in the interface the tool chose (Qt when
+// there is a display, the terminal otherwise or with --console), with the
+// year A (by default the present one) and the report of month M (by default
+// the first) selected; from there the person, or a script on the terminal's
+// input, works in it.
 int Informe(const Opciones& opciones, std::ostream& out);
 
 }  // namespace celdora::app

@@ -129,7 +129,7 @@ void UiGuiada::ShowModal(forms::Dialogo& dialogo) {
 }
 
 void UiGuiada::Show(forms::Dialogo& dialogo) {
-    if (EqualText(dialogo.Clase(), "frmPB")) {
+    if (seguirProgreso_ && EqualText(dialogo.Clase(), "frmPB")) {
         progreso_->Seguir(dialogo);
         return;
     }

@@ -4,7 +4,7 @@
 // up front, and passes everything else to the terminal's interface beneath
 // it: a dialog class can be given an action that replaces the person at the
 // keyboard, every folder picker can be answered with one folder, and the
-// progress window is followed on the terminal.
+// progress window can be followed on the terminal.
 
 #include <functional>
 #include <iosfwd>
@@ -30,6 +30,9 @@ public:
     void AlMostrar(const std::string& clase, std::function<void(forms::Dialogo&)> accion);
     // The folder that every folder picker answers, told on the terminal.
     void Carpeta(std::string carpeta) { carpeta_ = std::move(carpeta); }
+    // Whether the progress window is followed on the terminal rather than
+    // shown by the interface beneath.
+    void SeguirProgreso(bool seguir) { seguirProgreso_ = seguir; }
 
     host::Respuesta MsgBox(const std::string& text, host::Botones buttons, host::Icono icon,
                            const std::string& title) override;
@@ -52,6 +55,7 @@ private:
     std::ostream& out_;
     std::map<std::string, std::function<void(forms::Dialogo&)>> acciones_;
     std::optional<std::string> carpeta_;
+    bool seguirProgreso_ = false;
     std::unique_ptr<Progreso> progreso_;
 };
 

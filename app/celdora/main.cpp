@@ -10,6 +10,7 @@
 #include "app/celdora/Demo.h"
 #include "app/celdora/Dialogo.h"
 #include "app/celdora/Informe.h"
+#include "app/celdora/Interfaz.h"
 #include "app/celdora/Llamar.h"
 #include "app/celdora/Miembros.h"
 #include "app/celdora/Opciones.h"
@@ -42,9 +43,9 @@ const char* const kUso =
     "  informe generar --mes M --anio A --carpeta DIR [--si|--no]\n"
     "      Genera el informe mensual de ese mes en la base de --db y escribe el\n"
     "      archivo en DIR; la herramienta acepta el diálogo por el usuario.\n"
-    "  informe ver [--anio A] [--mes M]\n"
-    "      Abre en la terminal los informes guardados del año, con el de ese mes\n"
-    "      seleccionado.\n"
+    "  informe ver [--anio A] [--mes M] [--console]\n"
+    "      Abre los informes guardados del año (en Qt si hay pantalla, si no o\n"
+    "      con --console en la terminal), con el de ese mes seleccionado.\n"
     "\n"
     "Opciones (antes de la orden):\n"
     "  --db URL          base de datos: sqlite:RUTA (por omisión sqlite:celdora-demo.db),\n"
@@ -91,9 +92,9 @@ int Ejecutar(const std::vector<std::string>& args) {
     }
     if (opciones.orden.empty()) throw app::ErrorDeUso{"falta la orden"};
 
-    platform::ConsolaUi ui(opciones.respuesta);
+    const auto ui = app::CrearInterfaz(opciones);
     platform::SystemClock reloj;
-    platform::PlataformaEscritorio plataforma(ui, reloj);
+    platform::PlataformaEscritorio plataforma(*ui, reloj);
     platform::PlataformaInstalada instalada(plataforma);
 
     if (opciones.orden == "demo") return Demo(opciones);

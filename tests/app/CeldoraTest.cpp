@@ -235,7 +235,7 @@ TEST_F(Celdora, GeneratesAMonthlyReportIntoTheGivenFolderFollowingTheProgress) {
     // The browser opens with November selected; a script exports it and closes.
     const fs::path exportado = carpeta / "exportado";
     fs::create_directories(exportado);
-    const Salida ver = Celdora_("", "informe ver --anio 2026 --mes 11",
+    const Salida ver = Celdora_("", "informe ver --anio 2026 --mes 11 --console",
                                 "pulsar btnExportar\\n" + exportado.string() + "\\ncerrar\\n");
     EXPECT_EQ(ver.codigo, 0) << ver.texto;
     EXPECT_TRUE(Contiene(ver.texto, "Contenido del informe 1EKU9003173C9112026")) << ver.texto;
@@ -270,8 +270,9 @@ TEST_F(Celdora, AReportThatCannotBeWrittenIsCancelledWhenTheDialogComesBack) {
 
 TEST_F(Celdora, TheReportCommandRefusesIncompleteOrWrongOptions) {
     for (const std::string orden :
-         {"informe", "informe imprimir", "informe generar --mes 11 --anio 2026", "informe generar --mes 0 --anio 2026 "
-          "--carpeta x", "informe generar --mes 1 --anio 1984 --carpeta x", "informe ver --carpeta x"}) {
+         {"informe", "informe imprimir", "informe generar --mes 11 --anio 2026",
+          "informe generar --mes 0 --anio 2026 --carpeta x", "informe generar --mes 1 --anio 1984 --carpeta x",
+          "informe ver --carpeta x", "informe ver --si"}) {
         const Salida salida = Celdora_("", orden);
         EXPECT_EQ(salida.codigo, 2) << orden << "\n" << salida.texto;
     }

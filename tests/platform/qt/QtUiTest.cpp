@@ -1,0 +1,285 @@
+#include "platform/qt/QtUi.h"
+
+#include <gtest/gtest.h>
+
+#include <QClipboard>
+#include <QFileDialog>
+#include <QImage>
+#include <QLabel>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTest>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <optional>
+
+#include "forms/Controles.h"
+#include "forms/Dialogo.h"
+#include "tests/platform/qt/PruebaQt.h"
+#include "tests/support/CarpetaTemporal.h"
+
+namespace celdora::testing {
+namespace {
+
+using host::Botones;
+using host::Icono;
+using host::Respuesta;
+
+// What a message box showed, and the button the test pressed on it.
+struct CajaVista {
+    QString titulo;
+    QString texto;
+    QMessageBox::Icon icono = QMessageBox::NoIcon;
+    QStringList botones;
+};
+
+// Answers the next message box by pressing the button with this text.
+void ResponderCaja(CajaVista& vista, const QString& boton, const std::string& captura = "") {
+    Despues([&vista, boton, captura] {
+        auto* caja = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        ASSERT_NE(caja, nullptr) << "no message box";
+        vista.titulo = caja->windowTitle();
+        vista.texto = caja->text();
+        vista.icono = caja->icon();
+        QPushButton* pulsado = nullptr;
+        for (QAbstractButton* b : caja->buttons()) {
+            vista.botones << b->text();
+            if (b->text() == boton) pulsado = qobject_cast<QPushButton*>(b);
+        }
+        // The style sets the buttons' order on the screen.
+        vista.botones.sort();
+        if (!captura.empty()) Captura(caja, captura);
+        ASSERT_NE(pulsado, nullptr) << "no button " << boton.toStdString();
+        QTest::mouseClick(pulsado, Qt::LeftButton);
+    });
+}
+
+class QtUiTest : public ::testing::Test {
+protected:
+    PlataformaQt qt;
+    Vigilante vigilante;
+};
+
+TEST_F(QtUiTest, MessageBoxesShowTextIconTitleAndSpanishButtons) {
+    CajaVista vista;
+    ResponderCaja(vista, "Aceptar", "caja_critico");
+    EXPECT_EQ(qt.ui.MsgBox("Permiso denegado.", Botones::Aceptar, Icono::Critico, "Tiendaro"), Respuesta::Aceptar);
+    EXPECT_EQ(vista.titulo, "Tiendaro");
+    EXPECT_EQ(vista.texto, "Permiso denegado.");
+    EXPECT_EQ(vista.icono, QMessageBox::Critical);
+    EXPECT_EQ(vista.botones, QStringList{"Aceptar"});
+
+    vista = {};
+    ResponderCaja(vista, "No", "caja_pregunta");
+    EXPECT_EQ(qt.ui.MsgBox("¿Desea eliminar el certificado?", Botones::SiNo, Icono::Pregunta, ""), Respuesta::No);
+    EXPECT_EQ(vista.titulo, "Celdora") << "a box without a title shows the application's name";
+    EXPECT_EQ(vista.icono, QMessageBox::Question);
+    EXPECT_EQ(vista.botones, (QStringList{"No", "Sí"}));
+
+    vista = {};
+    ResponderCaja(vista, "Sí");
+    EXPECT_EQ(qt.ui.MsgBox("¿Guardar los cambios?", Botones::SiNoCancelar, Icono::Exclamacion, ""), Respuesta::Si);
+    EXPECT_EQ(vista.icono, QMessageBox::Warning);
+    EXPECT_EQ(vista.botones, (QStringList{"Cancelar", "No", "Sí"}));
+
+    vista = {};
+    ResponderCaja(vista, "Cancelar");
+    EXPECT_EQ(qt.ui.MsgBox("Se generará el informe.", Botones::AceptarCancelar, Icono::Informacion, "Informe"),
+              Respuesta::Cancelar);
+    EXPECT_EQ(vista.icono, QMessageBox::Information);
+    EXPECT_EQ(vista.botones, (QStringList{"Aceptar", "Cancelar"}));
+
+    vista = {};
+    ResponderCaja(vista, "Aceptar");
+    qt.ui.MsgBox("Sin icono", Botones::Aceptar, Icono::Ninguno, "");
+    EXPECT_EQ(vista.icono, QMessageBox::NoIcon);
+}
+
+TEST_F(QtUiTest, EscapeOnABoxAnswersItsLastButton) {
+    Despues([] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape); });
+    EXPECT_EQ(qt.ui.MsgBox("¿Guardar?", Botones::SiNoCancelar, Icono::Pregunta, ""), Respuesta::Cancelar);
+    Despues([] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape); });
+    EXPECT_EQ(qt.ui.MsgBox("¿Eliminar?", Botones::SiNo, Icono::Pregunta, ""), Respuesta::No);
+}
+
+TEST_F(QtUiTest, ABoxFromAHandlerStandsOverTheDialogAndTheDialogWaitsOn) {
+    class DlgPregunta : public forms::Dialogo {
+    public:
+        DlgPregunta() : Dialogo("dlgPregunta", "Pregunta") {
+            Agregar<forms::CommandButton>("btnCancel", "&Cancelar envío").Click = [this] {
+                if (host::CurrentPlatform().Ui().MsgBox("¿Está seguro que desea cancelar el envío?", Botones::SiNo,
+                                                        Icono::Pregunta, "") == Respuesta::Si) {
+                    Hide();
+                }
+            };
+        }
+    } dlg;
+    CajaVista primera;
+    CajaVista segunda;
+    Despues([&] {
+        platform::VentanaQt* v = VentanaActiva();
+        ResponderCaja(primera, "No");
+        QTest::mouseClick(Widget<QPushButton>(v, "btnCancel"), Qt::LeftButton);
+        EXPECT_TRUE(v->isVisible()) << "answered No, the dialog stays";
+        ResponderCaja(segunda, "Sí");
+        QTest::mouseClick(Widget<QPushButton>(v, "btnCancel"), Qt::LeftButton);
+    });
+    dlg.ShowModal();
+    EXPECT_EQ(primera.texto, "¿Está seguro que desea cancelar el envío?");
+    EXPECT_EQ(segunda.botones, (QStringList{"No", "Sí"}));
+    EXPECT_FALSE(dlg.Visible());
+}
+
+TEST(FiltroArchivosQt, TurnsTheSystemsFilterIntoQts) {
+    using platform::FiltroArchivosQt;
+    EXPECT_EQ(FiltroArchivosQt("Archivos de texto (*.txt)|*.txt|Todos los archivos|*.*"),
+              "Archivos de texto (*.txt) (*.txt);;Todos los archivos (*.*)");
+    EXPECT_EQ(FiltroArchivosQt("Imágenes|*.jpg;*.bmp; *.gif"), "Imágenes (*.jpg *.bmp *.gif)");
+    EXPECT_EQ(FiltroArchivosQt("Certificado|*.cer|Sin patrón"), "Certificado (*.cer)");
+    EXPECT_EQ(FiltroArchivosQt(""), "");
+}
+
+// Answers the next file or folder picker: the path, or cancel when none.
+void ResponderSelector(std::optional<QString> ruta, QFileDialog::AcceptMode* modo = nullptr,
+                       QStringList* filtros = nullptr, QString* titulo = nullptr) {
+    Despues([=] {
+        auto* selector = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(selector, nullptr) << "no file dialog";
+        if (modo != nullptr) *modo = selector->acceptMode();
+        if (filtros != nullptr) *filtros = selector->nameFilters();
+        if (titulo != nullptr) *titulo = selector->windowTitle();
+        if (!ruta) {
+            selector->reject();
+            return;
+        }
+        selector->selectFile(*ruta);
+        static_cast<QDialog*>(selector)->accept();
+    });
+}
+
+TEST_F(QtUiTest, FilePickersGiveThePathChosenOrNothingWhenCancelled) {
+    CarpetaTemporal carpeta;
+    const std::string destino = carpeta / "informe.txt";
+    QFileDialog::AcceptMode modo{};
+    QStringList filtros;
+    QString titulo;
+    ResponderSelector(QString::fromStdString(destino), &modo, &filtros, &titulo);
+    const auto guardado = qt.ui.ShowSave({"Archivos de texto|*.txt|Todos|*.*", "informe.txt", "Guardar como..."});
+    EXPECT_EQ(guardado, destino);
+    EXPECT_EQ(modo, QFileDialog::AcceptSave);
+    EXPECT_EQ(filtros, (QStringList{"Archivos de texto (*.txt)", "Todos (*.*)"}));
+    EXPECT_EQ(titulo, "Guardar como...");
+
+    std::ofstream(carpeta / "CBB.bmp") << "BM";
+    ResponderSelector(QString::fromStdString(carpeta / "CBB.bmp"), &modo);
+    EXPECT_EQ(qt.ui.ShowOpen({"Imágenes|*.bmp", "", "Abrir"}), carpeta / "CBB.bmp");
+    EXPECT_EQ(modo, QFileDialog::AcceptOpen);
+
+    ResponderSelector(std::nullopt);
+    EXPECT_EQ(qt.ui.ShowOpen({"", "", ""}), std::nullopt);
+}
+
+TEST_F(QtUiTest, TheFolderPickerGivesTheFolderChosen) {
+    CarpetaTemporal carpeta;
+    std::filesystem::create_directories(carpeta.ruta() / "Informes");
+    const std::string elegida = carpeta / "Informes";
+    QString titulo;
+    ResponderSelector(QString::fromStdString(elegida), nullptr, nullptr, &titulo);
+    EXPECT_EQ(qt.ui.BrowseForFolder("Seleccione la carpeta destino", carpeta.ruta().string()), elegida);
+    EXPECT_EQ(titulo, "Seleccione la carpeta destino");
+
+    ResponderSelector(std::nullopt);
+    EXPECT_EQ(qt.ui.BrowseForFolder("Carpeta", "/no/existe"), std::nullopt);
+}
+
+TEST_F(QtUiTest, ClipboardAndWaitCursor) {
+    qt.ui.ClipboardSetText("1|AAA010101AAA|112026");
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), "1|AAA010101AAA|112026");
+    qt.ui.ClipboardClear();
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), "");
+
+    qt.ui.MousePointer(host::Puntero::Reloj);
+    qt.ui.MousePointer(host::Puntero::Reloj);
+    ASSERT_NE(QApplication::overrideCursor(), nullptr);
+    EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
+    EXPECT_EQ(qt.ui.MousePointerActual(), host::Puntero::Reloj);
+    qt.ui.MousePointer(host::Puntero::Normal);
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr) << "the wait cursor is set once and taken away once";
+    EXPECT_EQ(qt.ui.MousePointerActual(), host::Puntero::Normal);
+}
+
+TEST_F(QtUiTest, APictureLoadedByItsContentsShowsInItsBox) {
+    CarpetaTemporal carpeta;
+    QImage imagen(24, 16, QImage::Format_RGB32);
+    imagen.fill(Qt::darkBlue);
+    // The name says jpg; the contents are a PNG.
+    const std::string ruta = carpeta / "tmpimage.jpg";
+    ASSERT_TRUE(imagen.save(QString::fromStdString(ruta), "PNG"));
+    auto picture = qt.ui.LoadPicture(ruta);
+    ASSERT_NE(picture, nullptr);
+    EXPECT_EQ(picture->Formato(), "png");
+    EXPECT_EQ(qt.ui.LoadPicture(carpeta / "no-hay.bmp"), nullptr);
+
+    class DlgImagen : public forms::Dialogo {
+    public:
+        DlgImagen() : Dialogo("dlgImagen", "Código") { imgCBB = &Agregar<forms::PictureBox>("imgCBB"); }
+        forms::PictureBox* imgCBB;
+    } dlg;
+    Despues([&] {
+        platform::VentanaQt* v = VentanaActiva();
+        auto* caja = Widget<QLabel>(v, "imgCBB");
+        EXPECT_TRUE(caja->pixmap().isNull());
+        dlg.imgCBB->Picture(picture);
+        EXPECT_EQ(caja->pixmap().size(), QSize(24, 16));
+        Captura(v, "ventana_imagen");
+        dlg.Hide();
+    });
+    dlg.ShowModal();
+}
+
+// Sets an environment variable for a test and puts the former value back.
+class Variable {
+public:
+    Variable(const char* nombre, const char* valor) : nombre_(nombre) {
+        if (const char* antes = std::getenv(nombre)) antes_ = antes;
+        if (valor == nullptr) {
+            unsetenv(nombre);
+        } else {
+            setenv(nombre, valor, 1);
+        }
+    }
+    ~Variable() {
+        if (antes_) {
+            setenv(nombre_, antes_->c_str(), 1);
+        } else {
+            unsetenv(nombre_);
+        }
+    }
+    Variable(const Variable&) = delete;
+    Variable& operator=(const Variable&) = delete;
+
+private:
+    const char* nombre_;
+    std::optional<std::string> antes_;
+};
+
+TEST(HayPantalla, ANamedPlatformOrADisplayIsAScreen) {
+    Variable qpa("QT_QPA_PLATFORM", nullptr);
+    Variable x11("DISPLAY", "");
+    Variable wayland("WAYLAND_DISPLAY", nullptr);
+    EXPECT_FALSE(platform::HayPantalla());
+    {
+        Variable pantalla("DISPLAY", ":99");
+        EXPECT_TRUE(platform::HayPantalla());
+    }
+    {
+        Variable pantalla("WAYLAND_DISPLAY", "wayland-0");
+        EXPECT_TRUE(platform::HayPantalla());
+    }
+    Variable offscreen("QT_QPA_PLATFORM", "offscreen");
+    EXPECT_TRUE(platform::HayPantalla());
+}
+
+}  // namespace
+}  // namespace celdora::testing
