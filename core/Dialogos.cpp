@@ -4,6 +4,8 @@
 #include <map>
 
 #include "core/cAcction.h"
+#include "report/dlgExportarInforme.h"
+#include "report/dlgInforme.h"
 #include "rules/dlgAddress.h"
 #include "rules/dlgFormaFacturacionHordana.h"
 #include "rules/dlgFormaPago.h"
@@ -22,11 +24,31 @@ Fabrica Simple() {
     return [](cAcction&) { return std::make_unique<T>(); };
 }
 
+// The report dialogs as their members open them: the generation on today's
+// month, the browser with both actions allowed.
+std::unique_ptr<forms::Dialogo> GeneracionDeInforme(cAcction& accion) {
+    auto dialogo = std::make_unique<dlgInforme>();
+    dialogo->setObjects(accion);
+    dialogo->load(-1, -1);
+    return dialogo;
+}
+
+std::unique_ptr<forms::Dialogo> NavegadorDeInformes(cAcction& accion) {
+    auto dialogo = std::make_unique<dlgExportarInforme>();
+    dialogo->Load();
+    dialogo->setObjects(accion);
+    dialogo->btnRegenerar.Tag("1");
+    dialogo->btnEliminar.Tag("1");
+    return dialogo;
+}
+
 const std::map<std::string, Fabrica>& Fabricas() {
     static const std::map<std::string, Fabrica> fabricas = {
         {"dlgAddress", Simple<dlgAddress>()},
+        {"dlgExportarInforme", NavegadorDeInformes},
         {"dlgFormaFacturacionHordana", Simple<dlgFormaFacturacionHordana>()},
         {"dlgFormaPago", Simple<dlgFormaPago>()},
+        {"dlgInforme", GeneracionDeInforme},
         {"frmPB", Simple<frmPB>()},
         {"frmSaveAs", Simple<frmSaveAs>()},
     };

@@ -125,6 +125,15 @@ public:
     std::string getAddress(const std::string& sdefault);
     std::string SolicitarFormaPago();
 
+    // Monthly report (report/). By-reference arguments as the automation
+    // interface declares them; the dispatch table gives their defaults
+    // (mes and anio -1, boBloquear false; WithTrans, boAsk, permitirRegenerar
+    // and PermitirEliminar true).
+    bool GenerarInformeMensual(std::int16_t& mes, std::int16_t& anio, bool& boBloquear);
+    bool EliminarInformeMensual(std::int16_t& mes, std::int16_t& anio, bool& WithTrans, bool& boAsk);
+    void VerInformesMensuales(bool& permitirRegenerar, bool& PermitirEliminar);
+    // End of the monthly report.
+
     // Private routines the rest of the system uses.
     std::int32_t EnteroCampo(host::Recordset& recordset, const std::string& campo);
     bool ProbarConsulta(const std::string& statement, const std::shared_ptr<host::Connection>& connection);

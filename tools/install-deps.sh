@@ -11,6 +11,7 @@ packages=(
   unixodbc-dev libsqliteodbc
   libssl-dev
   qt6-base-dev qt6-translations-l10n xvfb xauth fonts-dejavu-core
+  clang-14 libclang-rt-14-dev
 )
 
 missing=()

@@ -19,6 +19,10 @@ std::string NumberAndDescription(const Fault& fault) {
     return std::to_string(fault.number) + " (" + fault.description + ")";
 }
 
+std::string NumberAndDescriptionTight(const Fault& fault) {
+    return std::to_string(fault.number) + "(" + fault.description + ")";
+}
+
 std::string ErrorText(const Fault& fault) { return "Error " + NumberAndDescription(fault); }
 
 std::string ErrorTextIn(const Fault& fault, const std::string& procedure) {

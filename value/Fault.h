@@ -28,6 +28,8 @@ Fault CancelSelected();         // 32755, a common dialog cancelled with CancelE
 // The texts the system shows for a fault, built here and nowhere else.
 // number + " (" + description + ")"
 std::string NumberAndDescription(const Fault& fault);
+// number + "(" + description + ")", the variant without the blank.
+std::string NumberAndDescriptionTight(const Fault& fault);
 // "Error " + number + " (" + description + ")"
 std::string ErrorText(const Fault& fault);
 // The same followed by " in procedure " + procedure.

@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <array>
 #include <cstdlib>
+#include <functional>
 #include <optional>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "value/Convert.h"
@@ -239,8 +241,38 @@ std::string LayOutWhole(const std::vector<Token>& tokens, std::size_t begin, std
     return out;
 }
 
+// The system formats the same few patterns over and over (the amounts of a
+// report of many thousand lines): the sections of a format and the tokens of
+// a number section are read once and kept, per thread, and the keeping is
+// started over when it grows past a few dozen patterns.
+struct HashDeTexto {
+    using is_transparent = void;
+    std::size_t operator()(std::string_view texto) const { return std::hash<std::string_view>{}(texto); }
+};
+
+template <class T>
+using Recuerdo = std::unordered_map<std::string, T, HashDeTexto, std::equal_to<>>;
+
+template <class T>
+const T& Recordado(Recuerdo<T>& recuerdo, std::string_view clave, T (*leer)(std::string_view)) {
+    constexpr std::size_t kMaximo = 64;
+    if (auto visto = recuerdo.find(clave); visto != recuerdo.end()) return visto->second;
+    if (recuerdo.size() >= kMaximo) recuerdo.clear();
+    return recuerdo.emplace(std::string(clave), leer(clave)).first->second;
+}
+
+const std::vector<std::string>& SectionsOf(std::string_view format) {
+    thread_local Recuerdo<std::vector<std::string>> recuerdo;
+    return Recordado(recuerdo, format, Sections);
+}
+
+const std::vector<Token>& NumberTokensOf(std::string_view section) {
+    thread_local Recuerdo<std::vector<Token>> recuerdo;
+    return Recordado(recuerdo, section, NumberTokens);
+}
+
 std::string FormatNumberSection(DecimalText number, std::string_view section, bool showSign) {
-    const std::vector<Token> tokens = NumberTokens(section);
+    const std::vector<Token>& tokens = NumberTokensOf(section);
     const std::size_t size = tokens.size();
     std::size_t point = size;
     std::size_t exponent = size;
@@ -326,7 +358,7 @@ std::string FormatNumberSection(DecimalText number, std::string_view section, bo
 }
 
 std::string FormatNumber(const DecimalText& number, std::string_view format) {
-    const std::vector<std::string> sections = Sections(format);
+    const std::vector<std::string>& sections = SectionsOf(format);
     const bool zero = number.digits.empty();
     if (zero && sections.size() >= 3 && !sections[2].empty()) return FormatNumberSection(number, sections[2], false);
     if (number.negative && sections.size() >= 2 && !sections[1].empty()) {

@@ -129,6 +129,20 @@ std::size_t Find(std::string_view text, std::string_view what, std::size_t from,
     return std::string_view::npos;
 }
 
+// Whether a byte search finds exactly what the character walk finds: for a
+// delimiter of ASCII characters that have no case (or compared exactly).
+// An ASCII byte is never part of a multi-byte character, so every place it
+// stands is a character boundary of the walk, and no other character (nor a
+// stray byte) compares equal to an ASCII character that has no case.
+bool BytesSuffice(std::string_view delimiter, bool ignoreCase) {
+    for (const char c : delimiter) {
+        const auto byte = static_cast<unsigned char>(c);
+        if (byte >= 0x80) return false;
+        if (ignoreCase && ((c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'))) return false;
+    }
+    return true;
+}
+
 std::vector<std::string> SplitWith(std::string_view text, std::string_view delimiter, bool ignoreCase) {
     std::vector<std::string> pieces;
     if (text.empty()) return pieces;
@@ -136,10 +150,12 @@ std::vector<std::string> SplitWith(std::string_view text, std::string_view delim
         pieces.emplace_back(text);
         return pieces;
     }
+    const bool porBytes = BytesSuffice(delimiter, ignoreCase);
     std::size_t start = 0;
     for (;;) {
-        std::size_t length = 0;
-        const std::size_t found = Find(text, delimiter, start, ignoreCase, length);
+        std::size_t length = delimiter.size();
+        const std::size_t found =
+            porBytes ? text.find(delimiter, start) : Find(text, delimiter, start, ignoreCase, length);
         if (found == std::string_view::npos) break;
         pieces.emplace_back(text.substr(start, found - start));
         start = found + length;
@@ -225,7 +241,19 @@ std::string Replace(std::string_view text, std::string_view what, std::string_vi
 }
 
 bool EqualText(std::string_view a, std::string_view b) {
-    return MatchAt(a, 0, b, true) == a.size();
+    // The ASCII run both begin with is compared byte by byte, folding A-Z
+    // alone as the full comparison does; an ASCII byte always ends a
+    // character, so the rest compares the same on its own.
+    std::size_t i = 0;
+    for (; i < a.size() && i < b.size(); ++i) {
+        const auto x = static_cast<unsigned char>(a[i]);
+        const auto y = static_cast<unsigned char>(b[i]);
+        if (x >= 0x80 || y >= 0x80) break;
+        if (x != y && LowerOf(x) != LowerOf(y)) return false;
+    }
+    if (i == a.size() || i == b.size()) return a.size() == b.size();
+    const std::string_view restoA = a.substr(i);
+    return MatchAt(restoA, 0, b.substr(i), true) == restoA.size();
 }
 
 std::size_t Len(std::string_view text) {

@@ -9,6 +9,7 @@
 #include "app/celdora/Conexion.h"
 #include "app/celdora/Demo.h"
 #include "app/celdora/Dialogo.h"
+#include "app/celdora/Informe.h"
 #include "app/celdora/Interfaz.h"
 #include "app/celdora/Llamar.h"
 #include "app/celdora/Miembros.h"
@@ -39,6 +40,12 @@ const char* const kUso =
     "  dialog [NOMBRE] [--console]\n"
     "      Sin nombre, lista los diálogos; con él, abre ese diálogo (en Qt si hay\n"
     "      pantalla, si no o con --console en la terminal) y dice si se aceptó.\n"
+    "  informe generar --mes M --anio A --carpeta DIR [--si|--no]\n"
+    "      Genera el informe mensual de ese mes en la base de --db y escribe el\n"
+    "      archivo en DIR; la herramienta acepta el diálogo por el usuario.\n"
+    "  informe ver [--anio A] [--mes M] [--console]\n"
+    "      Abre los informes guardados del año (en Qt si hay pantalla, si no o\n"
+    "      con --console en la terminal), con el de ese mes seleccionado.\n"
     "\n"
     "Opciones (antes de la orden):\n"
     "  --db URL          base de datos: sqlite:RUTA (por omisión sqlite:celdora-demo.db),\n"
@@ -94,6 +101,7 @@ int Ejecutar(const std::vector<std::string>& args) {
     if (opciones.orden == "members") return app::ListarMiembros(opciones.argumentos, std::cout);
     if (opciones.orden == "call") return app::Llamar(opciones, std::cout);
     if (opciones.orden == "dialog") return app::MostrarDialogo(opciones, std::cout);
+    if (opciones.orden == "informe") return app::Informe(opciones, std::cout);
     throw app::ErrorDeUso{"orden desconocida: " + opciones.orden};
 }
 

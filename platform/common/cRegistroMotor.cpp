@@ -29,7 +29,8 @@ bool EsClave(const host::cCampo& campo) { return EqualText(NombreDeColumna(campo
 // The value a field writes: Valor, or ValorInicial while Valor is Empty.
 Variant ValorDe(const host::cCampo& campo) {
     Variant valor = campo.Valor();
-    return valor.IsEmpty() ? campo.ValorInicial() : valor;
+    if (valor.IsEmpty()) return campo.ValorInicial();
+    return valor;
 }
 
 bool EnBlanco(const Variant& valor) {
@@ -37,11 +38,15 @@ bool EnBlanco(const Variant& valor) {
 }
 
 // The value converted to the field's type with the platform's conversions;
-// a value that does not convert raises their Fault.
-Variant Convertido(const host::cCampo& campo, const Variant& valor) {
+// a value that does not convert raises their Fault. A text for a text field
+// is passed on as it is, without a copy: a stored report may be megabytes.
+Variant Convertido(const host::cCampo& campo, Variant valor) {
     if (valor.IsEmpty() || valor.IsNull()) return Variant::Null();
     const std::string tipo = campo.Tipo();
-    if (EqualText(tipo, "String")) return Variant(CStr(valor));
+    if (EqualText(tipo, "String")) {
+        if (valor.Type() == VarType::String) return valor;
+        return Variant(CStr(valor));
+    }
     if (EqualText(tipo, "Long")) return Variant::Long(CLng(valor));
     if (EqualText(tipo, "Integer")) return Variant::Integer(CInt(valor));
     if (EqualText(tipo, "Date")) return Variant(CDate(valor));

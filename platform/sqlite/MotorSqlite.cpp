@@ -63,6 +63,8 @@ std::string PrimeraLinea(const char* p, const char* fin) {
     return std::string(p, q);
 }
 
+// Texts and bytes are bound without a copy: the parameters outlive the
+// statement, which is stepped and finalized before Ejecutar returns.
 void Enlazar(sqlite3* db, sqlite3_stmt* sentencia, const std::vector<Variant>& parametros) {
     const int esperados = sqlite3_bind_parameter_count(sentencia);
     if (esperados != static_cast<int>(parametros.size()))
@@ -98,14 +100,14 @@ void Enlazar(sqlite3* db, sqlite3_stmt* sentencia, const std::vector<Variant>& p
             }
             case VarType::String: {
                 const std::string& texto = valor.AsString();
-                rc = sqlite3_bind_text64(sentencia, i, texto.data(), texto.size(), SQLITE_TRANSIENT, SQLITE_UTF8);
+                rc = sqlite3_bind_text64(sentencia, i, texto.data(), texto.size(), SQLITE_STATIC, SQLITE_UTF8);
                 break;
             }
             case VarType::Bytes: {
                 const Bytes& bytes = valor.AsBytes();
                 // A null pointer would bind NULL: an empty array is an empty blob.
                 rc = bytes.empty() ? sqlite3_bind_zeroblob(sentencia, i, 0)
-                                   : sqlite3_bind_blob64(sentencia, i, bytes.data(), bytes.size(), SQLITE_TRANSIENT);
+                                   : sqlite3_bind_blob64(sentencia, i, bytes.data(), bytes.size(), SQLITE_STATIC);
                 break;
             }
             case VarType::Object:

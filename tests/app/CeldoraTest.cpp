@@ -8,6 +8,8 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <string>
 
 #include "core/mdlMain.h"
@@ -197,6 +199,83 @@ TEST_F(Celdora, ExitCodesTellUsageFromFaults) {
     EXPECT_EQ(falta_db.codigo, 1);
     EXPECT_TRUE(Contiene(falta_db.texto, "no existe la base de datos")) << falta_db.texto;
     EXPECT_FALSE(fs::exists(otra));
+}
+
+// --- The monthly report ------------------------------------------------------
+
+TEST_F(Celdora, GeneratesAMonthlyReportIntoTheGivenFolderFollowingTheProgress) {
+    const fs::path salida = carpeta / "informes";
+    fs::create_directories(salida);
+
+    const Salida generar =
+        Celdora_("", "informe generar --mes 11 --anio 2026 --carpeta '" + salida.string() + "'");
+
+    EXPECT_EQ(generar.codigo, 0) << generar.texto;
+    const fs::path archivo = salida / "1EKU9003173C9112026.txt";
+    EXPECT_EQ(generar.texto,
+              "[Informe mensual al SAT]\n"
+              "  Noviembre 2026: Aceptar\n"
+              "Carpeta destino: " + salida.string() + "\n"
+              "[Progreso] Generando informe mensual.\n"
+              "  Obteniendo información...\n"
+              "  Leyendo bitácora de registro de CFDs 000005\n"
+              "  Leyendo bitácora de registro de CFDs 000008\n"
+              "  Guardando registro...\n"
+              "[Información] El archivo ha sido generado correctamente correspondiente al mes de Noviembre y al año "
+              "2026\n"
+              "Informe generado: " + archivo.string() + "\n");
+    std::ifstream in(archivo, std::ios::binary);
+    const std::string texto{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+    EXPECT_EQ(texto,
+              "|LOPJ7009128T5|A|3|201012345|03/11/2026 11:20:00|3480.00|480.00|1|I||||\r\n"
+              "|CIN960904FQ2|A|4|201012345|09/11/2026 17:45:00|986.00|136.00|1|I||||\r\n"
+              "|CIN960904FQ2|A|4|201012345|09/11/2026 17:45:00|986.00|136.00|0|I||||\r\n"
+              "|CIN960904FQ2|B|1|201123456|18/11/2026 10:30:00|580.00|80.00|1|E||||");
+
+    // The browser opens with November selected; a script exports it and closes.
+    const fs::path exportado = carpeta / "exportado";
+    fs::create_directories(exportado);
+    const Salida ver = Celdora_("", "informe ver --anio 2026 --mes 11 --console",
+                                "pulsar btnExportar\\n" + exportado.string() + "\\ncerrar\\n");
+    EXPECT_EQ(ver.codigo, 0) << ver.texto;
+    EXPECT_TRUE(Contiene(ver.texto, "Contenido del informe 1EKU9003173C9112026")) << ver.texto;
+    EXPECT_TRUE(Contiene(ver.texto, "Monto total: $ 6,032.")) << ver.texto;
+    EXPECT_TRUE(Contiene(ver.texto, "[Información] Archivo guardado correctamente.")) << ver.texto;
+    std::ifstream copia(exportado / "1EKU9003173C9112026.txt", std::ios::binary);
+    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(copia), {}), texto);
+}
+
+TEST_F(Celdora, AStoredMonthIsOverwrittenOnlyWhenTheQuestionIsAnsweredYes) {
+    const std::string opciones = "informe generar --mes 10 --anio 2026 --carpeta '" + carpeta.string() + "'";
+
+    const Salida no = Celdora_("", opciones);  // no input: the question is answered No
+    EXPECT_EQ(no.codigo, 1) << no.texto;
+    EXPECT_TRUE(Contiene(no.texto, "  Cancelar\nNo se generó el informe.\n")) << no.texto;
+    EXPECT_FALSE(fs::exists(carpeta / "1EKU9003173C9102026.txt"));
+
+    const Salida si = Celdora_("", opciones + " --si");
+    EXPECT_EQ(si.codigo, 0) << si.texto;
+    EXPECT_TRUE(Contiene(si.texto, "  Eliminando registro anterior...\n")) << si.texto;
+    EXPECT_TRUE(fs::exists(carpeta / "1EKU9003173C9102026.txt"));
+}
+
+TEST_F(Celdora, AReportThatCannotBeWrittenIsCancelledWhenTheDialogComesBack) {
+    const Salida generar = Celdora_("", "informe generar --mes 12 --anio 2026 --carpeta '" + db + "'");
+    EXPECT_EQ(generar.codigo, 1) << generar.texto;
+    EXPECT_TRUE(Contiene(generar.texto, "[Exclamación] Error al guardar archivo " + db +
+                                            "/1EKU9003173C9122026.txt\n[Informe mensual al SAT]\n  Cancelar\n"))
+        << generar.texto;
+    EXPECT_EQ(Llamar("ValorCampo \"SELECT COUNT(*) AS n FROM ut_CFDInforme WHERE uf_Mes=12\" n").texto, "0\n");
+}
+
+TEST_F(Celdora, TheReportCommandRefusesIncompleteOrWrongOptions) {
+    for (const std::string orden :
+         {"informe", "informe imprimir", "informe generar --mes 11 --anio 2026",
+          "informe generar --mes 0 --anio 2026 --carpeta x", "informe generar --mes 1 --anio 1984 --carpeta x",
+          "informe ver --carpeta x", "informe ver --si"}) {
+        const Salida salida = Celdora_("", orden);
+        EXPECT_EQ(salida.codigo, 2) << orden << "\n" << salida.texto;
+    }
 }
 
 TEST(EjemploHost, BindsTheFacadeAndAsksTheDemoCompany) {

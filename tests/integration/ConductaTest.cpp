@@ -6,16 +6,19 @@
 // than the others, the test names the difference from Peculiaridades and
 // says why.
 //
-// The monthly report's generation joins this suite when it lands: it
-// selects a month's log lines with Year() and Month() and writes the report
-// inside a transaction, and each engine has to show that it does both
-// alike. The setup wizard joins it too; until then its count of stamped
-// comprobantes runs below as the statements the wizard issues.
+// The monthly report selects a month's log lines with Year() and Month()
+// and writes the report inside a transaction, and each engine shows below
+// that it does both alike. The setup wizard joins this suite when it lands;
+// until then its count of stamped comprobantes runs below as the statements
+// the wizard issues.
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <fstream>
+#include <iterator>
 #include <map>
 #include <memory>
 #include <string>
@@ -23,17 +26,20 @@
 
 #include "core/cAcction.h"
 #include "core/mdlMain.h"
+#include "forms/Controles.h"
 #include "platform/common/Catalogo.h"
 #include "platform/common/DataObjectsMotor.h"
 #include "platform/common/Usuario.h"
 #include "rules/cFolioOrigen.h"
 #include "rules/cRegimenFical.h"
 #include "tests/integration/Conexiones.h"
+#include "tests/support/CarpetaTemporal.h"
 #include "tests/support/DataObjectsAnotados.h"
 #include "tests/support/TestPlatform.h"
 #include "value/Convert.h"
 #include "value/Date.h"
 #include "value/Format.h"
+#include "value/Text.h"
 
 namespace celdora {
 namespace {
@@ -580,6 +586,86 @@ TEST_P(Conducta, AUuidInOtherCapitalsFindsItsComprobanteOnlyWhereTextIgnoresCase
     EXPECT_EQ(empresa->Contar("ut_CFD WHERE uf_CanceladoSAT=1 AND Sys_PK=7"),
               Q().textoSinDistinguirMayusculas ? 1 : 0);
     EXPECT_EQ(empresa->Contar("ut_CFD WHERE uf_CanceladoSAT=1 AND Sys_PK<>7"), 0);
+}
+
+// --- The monthly report ------------------------------------------------------
+
+// The report's lines in the order the engine gave the rows, which no clause
+// fixes: compared in order of their text, with the cancelled comprobante's
+// two lines checked for being together, in force first.
+void ExpectLineasDeNoviembre(const std::string& contenido) {
+    const std::string vigente = "|CIN960904FQ2|A|4|201012345|09/11/2026 17:45:00|986.00|136.00|1|I||||";
+    const std::string cancelada = "|CIN960904FQ2|A|4|201012345|09/11/2026 17:45:00|986.00|136.00|0|I||||";
+    Textos lineas = Split(contenido, "\r\n");
+    const auto enVigor = std::find(lineas.begin(), lineas.end(), vigente);
+    ASSERT_NE(enVigor, lineas.end()) << contenido;
+    ASSERT_NE(enVigor + 1, lineas.end()) << contenido;
+    EXPECT_EQ(*(enVigor + 1), cancelada) << contenido;
+    std::sort(lineas.begin(), lineas.end());
+    EXPECT_EQ(lineas, (Textos{"|CIN960904FQ2|A|4|201012345|09/11/2026 17:45:00|986.00|136.00|0|I||||", vigente,
+                              "|CIN960904FQ2|B|1|201123456|18/11/2026 10:30:00|580.00|80.00|1|E||||",
+                              "|LOPJ7009128T5|A|3|201012345|03/11/2026 11:20:00|3480.00|480.00|1|I||||"}));
+}
+
+TEST_P(Conducta, AMonthlyReportIsGeneratedAndDeletedInTransactionsOfItsOwn) {
+    testing::CarpetaTemporal carpeta;
+    mdlMain::SoltarObjetosCompartidos();
+    platform.ui.AlMostrar("dlgInforme", [](forms::Dialogo& d) { d.Ver<forms::CommandButton>("btnOK").Pulsar(); });
+    platform.ui.Elegir(carpeta.ruta().string());
+    std::int16_t mes = 11;
+    std::int16_t anio = 2026;
+    bool bloquear = true;
+
+    EXPECT_TRUE(acc->GenerarInformeMensual(mes, anio, bloquear));
+
+    const std::string contenido = Texto("SELECT uf_Contenido FROM ut_CFDInforme WHERE uf_Mes=11 AND uf_Anio=2026");
+    ExpectLineasDeNoviembre(contenido);
+    std::ifstream archivo(carpeta.ruta() / "1EKU9003173C9112026.txt", std::ios::binary);
+    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(archivo), {}), contenido);
+    const std::map<long, std::string> generados = {{1, "1"}, {2, "1"}, {3, "0"}, {4, "0"},
+                                                   {5, "1"}, {6, "1"}, {7, "0"}, {8, "1"}};
+    EXPECT_EQ(Filas("SELECT Sys_PK,uf_Reportado FROM ut_CFDBitacora", "uf_Reportado"), generados);
+    EXPECT_EQ(dataObjects->llamadas, (Textos{"Iniciar", "Confirmar"}));
+
+    platform.ui.Responder(Respuesta::Si);
+    bool conTransaccion = true;
+    bool preguntar = true;
+    EXPECT_TRUE(acc->EliminarInformeMensual(mes, anio, conTransaccion, preguntar));
+
+    EXPECT_EQ(empresa->Contar("ut_CFDInforme WHERE uf_Mes=11 AND uf_Anio=2026"), 0);
+    const std::map<long, std::string> eliminados = {{1, "1"}, {2, "1"}, {3, "0"}, {4, "0"},
+                                                    {5, "0"}, {6, "0"}, {7, "0"}, {8, "0"}};
+    EXPECT_EQ(Filas("SELECT Sys_PK,uf_Reportado FROM ut_CFDBitacora", "uf_Reportado"), eliminados);
+    EXPECT_EQ(Linea(6), "|CIN960904FQ2|A|4|201012345|09/11/2026 17:45:00|986.00|136.00|0|I||||");
+    EXPECT_EQ(dataObjects->llamadas, (Textos{"Iniciar", "Confirmar", "Iniciar", "Confirmar"}));
+    mdlMain::SoltarObjetosCompartidos();
+}
+
+TEST_P(Conducta, ARegenerationWhoseFileCannotBeWrittenLeavesTheFormerReport) {
+    testing::CarpetaTemporal carpeta;
+    mdlMain::SoltarObjetosCompartidos();
+    // A folder that is a file: not even root writes in it.
+    const auto noEsCarpeta = carpeta.ruta() / "archivo";
+    std::ofstream(noEsCarpeta) << "x";
+    const std::string antes = Texto("SELECT uf_Contenido FROM ut_CFDInforme WHERE uf_Mes=10 AND uf_Anio=2026");
+    platform.ui.AlMostrar("dlgInforme", [](forms::Dialogo& d) { d.Ver<forms::CommandButton>("btnOK").Pulsar(); });
+    platform.ui.AlMostrar("dlgInforme", [](forms::Dialogo& d) { d.Ver<forms::CommandButton>("btnCancelar").Pulsar(); });
+    platform.ui.Responder(Respuesta::Si);
+    platform.ui.Elegir(noEsCarpeta.string());
+    std::int16_t mes = 10;
+    std::int16_t anio = 2026;
+    bool bloquear = true;
+
+    EXPECT_FALSE(acc->GenerarInformeMensual(mes, anio, bloquear));
+
+    ExpectCaja(1, "Error al guardar archivo " + noEsCarpeta.string() + "/1EKU9003173C9102026.txt",
+               Icono::Exclamacion);
+    EXPECT_EQ(dataObjects->llamadas, (Textos{"Iniciar", "Revertir"}));
+    EXPECT_EQ(Texto("SELECT Sys_PK FROM ut_CFDInforme WHERE uf_Mes=10 AND uf_Anio=2026"), "2");
+    EXPECT_EQ(Texto("SELECT uf_Contenido FROM ut_CFDInforme WHERE uf_Mes=10 AND uf_Anio=2026"), antes);
+    EXPECT_EQ(empresa->Contar("ut_CFDBitacora WHERE uf_Reportado=1"), 2);
+    EXPECT_EQ(empresa->Contar("ut_CFDBitacora WHERE uf_Reportado=1 AND Sys_PK IN (1,2)"), 2);
+    mdlMain::SoltarObjetosCompartidos();
 }
 
 std::string NombreDelTipo(const ::testing::TestParamInfo<std::string>& info) {

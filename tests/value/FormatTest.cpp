@@ -112,6 +112,19 @@ TEST(FormatDateTest, TextsAndNumbersAsDates) {
     EXPECT_EQ(Format(DateSerial(2012, 3, 5), "Short Date"), "05/03/2012");
 }
 
+TEST(FormatNumberTest, ManyPatternsInTurnEachKeepTheirOwnReading) {
+    // More patterns than are kept at once, each asked again after the others.
+    for (int vuelta = 0; vuelta < 2; ++vuelta) {
+        for (std::size_t ceros = 1; ceros <= 100; ++ceros) {
+            EXPECT_EQ(Format(7, std::string(ceros, '0')), std::string(ceros - 1, '0') + "7");
+            EXPECT_EQ(Format(1234.5, "#,##0.00;(#)"), "1,234.50");
+            EXPECT_EQ(Format(-1234.5, "#,##0.00;(#)"), "(1235)");
+        }
+    }
+    ScopedRegional comma(Regional{',', '.', DateOrder::DayFirst});
+    EXPECT_EQ(Format(1234.5, "#,##0.00;(#)"), "1.234,50");
+}
+
 TEST(FormatTest, TextFormatsAndOtherKinds) {
     EXPECT_EQ(Format("abc", ">"), "ABC");
     EXPECT_EQ(Format("ñu", ">@@@@"), "  ÑU");

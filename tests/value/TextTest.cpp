@@ -30,6 +30,14 @@ TEST(TextTest, CaseKnowsSpanishLetters) {
     EXPECT_TRUE(EqualText("", ""));
     EXPECT_FALSE(EqualText("Pena", "PEÑA"));
     EXPECT_FALSE(EqualText("Peña", "Peñas"));
+    // The ASCII run is compared apart from the rest, which still folds Ñ.
+    EXPECT_TRUE(EqualText("uf_Datos", "UF_DATOS"));
+    EXPECT_FALSE(EqualText("uf_Dato", "uf_Datos"));
+    EXPECT_FALSE(EqualText("uf_Datos", "uf_Dato"));
+    EXPECT_TRUE(EqualText("AñO", "aÑo"));
+    EXPECT_TRUE(EqualText("a\xFF", "A\xFF"));
+    EXPECT_FALSE(EqualText("a\xFF", "A\xFE"));
+    EXPECT_FALSE(EqualText("[", "{"));
 }
 
 TEST(TextTest, SplitEdges) {
@@ -42,6 +50,12 @@ TEST(TextTest, SplitEdges) {
     EXPECT_EQ(Split("aXb", "x"), Pieces{"aXb"});
     EXPECT_EQ(SplitText("aXbxc", "x"), (Pieces{"a", "b", "c"}));
     EXPECT_EQ(SplitText("uñÑo", "ñ"), (Pieces{"u", "", "o"}));
+    // A delimiter without case splits the same way among stray bytes,
+    // broken and whole multi-byte characters, and overlapping runs.
+    EXPECT_EQ(SplitText("a\xC3|b\xE2\x82|ñ|\xFF", "|"), (Pieces{"a\xC3", "b\xE2\x82", "ñ", "\xFF"}));
+    EXPECT_EQ(SplitText("a|||b", "||"), (Pieces{"a", "|b"}));
+    EXPECT_EQ(Split("x\r\n\r\ny\r", "\r\n"), (Pieces{"x", "", "y\r"}));
+    EXPECT_EQ(SplitText("1A2a3", "a"), (Pieces{"1", "2", "3"}));
     EXPECT_EQ(SplitText("", "x"), Pieces{});
 }
 
