@@ -203,8 +203,11 @@ bool dlgInforme::GenerarEnTransaccion(std::int16_t mes, std::int16_t anio, bool 
 
     mdlMain::AvanzarProgreso("Guardando registro...");
     const Date ahora = host::CurrentPlatform().Reloj().Now();
-    if (!GuardarInforme(contenido, nombre, mes, anio, ahora) ||
-        !mdlMain::Utilerias().GuardarArchivoTexto(ruta, contenido)) {
+    // The row and then the file, both tried: a file written beside a row that
+    // could not be stored stays behind when the database rolls back.
+    const bool guardado = GuardarInforme(contenido, nombre, mes, anio, ahora);
+    const bool escrito = mdlMain::Utilerias().GuardarArchivoTexto(ruta, contenido);
+    if (!guardado || !escrito) {
         Abandonar("Error al guardar archivo " + ruta);
         return false;
     }

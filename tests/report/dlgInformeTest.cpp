@@ -252,7 +252,7 @@ TEST_F(Generacion, AFileThatCannotBeWrittenRollsBackAndLeavesTheFormerReport) {
     EXPECT_FALSE(mdlMain::frmProgress());
 }
 
-TEST_F(Generacion, AReportTheDatabaseRefusesIsToldTwiceAndNoFileIsWritten) {
+TEST_F(Generacion, AReportTheDatabaseRefusesIsToldTwiceAndItsFileStaysBehind) {
     // The stored reports become a view: they read, but the new row is refused.
     db.Ejecutar("ALTER TABLE ut_CFDInforme RENAME TO ut_CFDInforme_filas");
     db.Ejecutar("CREATE VIEW ut_CFDInforme AS SELECT * FROM ut_CFDInforme_filas");
@@ -264,7 +264,8 @@ TEST_F(Generacion, AReportTheDatabaseRefusesIsToldTwiceAndNoFileIsWritten) {
 
     ExpectCaja(0, "Error al guardar Informe. cannot modify ut_CFDInforme because it is a view", Icono::Exclamacion);
     ExpectCaja(1, "Error al guardar archivo " + Archivo("1EKU9003173C9112026").string(), Icono::Exclamacion);
-    EXPECT_FALSE(fs::exists(Archivo("1EKU9003173C9112026")));
+    // The file is written after the row all the same; only the database rolls back.
+    EXPECT_TRUE(fs::exists(Archivo("1EKU9003173C9112026")));
     EXPECT_EQ(Reportados(), kReportadosDemo);
     EXPECT_EQ(Linea(6), "|CIN960904FQ2|A|4|201012345|09/11/2026 17:45:00|986.00|136.00|0|I||||");
     EXPECT_EQ(dataObjects->llamadas, (Textos{"Iniciar", "Revertir"}));
