@@ -128,18 +128,6 @@ protected:
         return Texto("SELECT uf_Datos FROM ut_CFDBitacora WHERE Sys_PK=" + std::to_string(sysPk));
     }
 
-    void ExpectCaja(std::size_t indice, const std::string& texto, Icono icono, const std::string& titulo = "",
-                    Botones botones = Botones::Aceptar) {
-        ASSERT_GT(platform.ui.Cajas().size(), indice);
-        const auto& caja = platform.ui.Cajas()[indice];
-        EXPECT_EQ(caja.texto, texto);
-        EXPECT_EQ(caja.icono, icono);
-        EXPECT_EQ(caja.titulo, titulo);
-        EXPECT_EQ(caja.botones, botones);
-    }
-    void ExpectPregunta(std::size_t indice, const std::string& texto) {
-        ExpectCaja(indice, texto, Icono::Pregunta, "", Botones::SiNo);
-    }
 };
 
 // --- The dialect probe and the statements that differ by dialect -------------
@@ -343,11 +331,11 @@ TEST_P(Conducta, FolioAprobadoCBBTakesBothBoundsAndSaysWhyItRefuses) {
     EXPECT_FALSE(acc->FolioAprobadoCBB_CXC(4)) << "H-101";
     EXPECT_FALSE(acc->FolioAprobadoCBB(1)) << "block A has no CBB range";
     ASSERT_EQ(platform.ui.Cajas().size(), 3u);
-    ExpectCaja(0, "El Folio del documento no se encuentra dentro de un rango de folios válido para CBB",
+    platform.ui.ExpectCaja(0, "El Folio del documento no se encuentra dentro de un rango de folios válido para CBB",
                Icono::Exclamacion);
-    ExpectCaja(1, "El Folio del documento no se encuentra dentro de un rango de folios valido para CBB",
+    platform.ui.ExpectCaja(1, "El Folio del documento no se encuentra dentro de un rango de folios valido para CBB",
                Icono::Exclamacion);
-    ExpectCaja(2, "No existe ningun rango de folios para CBB relacionado al block de este documento",
+    platform.ui.ExpectCaja(2, "No existe ningun rango de folios para CBB relacionado al block de este documento",
                Icono::Exclamacion);
 }
 
@@ -386,8 +374,8 @@ TEST_P(Conducta, PermitirAccesoComparesTheUsersGroupsWithTheStoredList) {
     EXPECT_FALSE(otra->PermitirAcceso("NVCA317x", ventas));
 
     ASSERT_EQ(platform.ui.Cajas().size(), 2u);
-    ExpectCaja(0, "Permiso denegado.", Icono::Critico, "Tiendaro");
-    ExpectCaja(1, "Permiso denegado.", Icono::Critico, "Tiendaro");
+    platform.ui.ExpectCaja(0, "Permiso denegado.", Icono::Critico, "Tiendaro");
+    platform.ui.ExpectCaja(1, "Permiso denegado.", Icono::Critico, "Tiendaro");
 }
 
 TEST_P(Conducta, PorcentajeIVALetsZeroMixWithOneRateAndRefusesTwo) {
@@ -452,7 +440,7 @@ TEST_P(Conducta, EliminarAprobacionFoliosFreesItsBlocksAndDeletesInOneTransactio
     // A range with comprobantes is refused before any question.
     EXPECT_FALSE(acc->EliminarAprobacionFolios(1));
     ASSERT_EQ(platform.ui.Cajas().size(), 1u);
-    ExpectCaja(0,
+    platform.ui.ExpectCaja(0,
                "No se puede eliminar el elemento porque ya existen Facturas electrónicas generadas con el rango de "
                "folios seleccionado.",
                Icono::Exclamacion);
@@ -465,11 +453,11 @@ TEST_P(Conducta, EliminarCertificadoRefusesWhileComprobantesOrARangeUseIt) {
     empresa->Ejecutar("UPDATE ut_CFDFolio SET uf_CFDInfo=3 WHERE Sys_PK=3");
     EXPECT_FALSE(acc->EliminarCertificado(3, false));
     ASSERT_EQ(platform.ui.Cajas().size(), 2u);
-    ExpectCaja(0,
+    platform.ui.ExpectCaja(0,
                "No se puede eliminar el elemento porque ya existen Facturas electrónicas generadas con este "
                "registro.",
                Icono::Exclamacion);
-    ExpectCaja(1, "No se puede eliminar el elemento. Primero elimine el número de aprobación del rango de folios.",
+    platform.ui.ExpectCaja(1, "No se puede eliminar el elemento. Primero elimine el número de aprobación del rango de folios.",
                Icono::Exclamacion);
 
     // Once unused it is deleted after a Yes, without a transaction.
@@ -482,8 +470,8 @@ TEST_P(Conducta, EliminarCertificadoRefusesWhileComprobantesOrARangeUseIt) {
     EXPECT_EQ(Ultimas(1), (Textos{"DELETE FROM ut_CFDInfo WHERE Sys_PK=3"}));
     EXPECT_EQ(empresa->Contar("ut_CFDInfo WHERE Sys_PK=3"), 0);
     EXPECT_EQ(empresa->Contar("ut_CFDInfo"), 2);
-    ExpectPregunta(2, kPreguntaEliminar);
-    ExpectPregunta(3, kPreguntaEliminar);
+    platform.ui.ExpectPregunta(2, kPreguntaEliminar);
+    platform.ui.ExpectPregunta(3, kPreguntaEliminar);
     EXPECT_TRUE(dataObjects->llamadas.empty());
 }
 
@@ -496,8 +484,8 @@ TEST_P(Conducta, EliminarFoliosCBBAlwaysAsksAndDeletesOnYes) {
     EXPECT_TRUE(acc->EliminarFoliosCBB(1));
     EXPECT_EQ(Ultimas(1), (Textos{"DELETE FROM ut_FoliosCBB WHERE Sys_PK=1"}));
     EXPECT_EQ(empresa->Contar("ut_FoliosCBB"), 1);
-    ExpectPregunta(0, kPreguntaEliminar);
-    ExpectPregunta(1, kPreguntaEliminar);
+    platform.ui.ExpectPregunta(0, kPreguntaEliminar);
+    platform.ui.ExpectPregunta(1, kPreguntaEliminar);
 }
 
 // --- Cancellation and log state -------------------------------------------------
@@ -507,7 +495,7 @@ TEST_P(Conducta, CancelarCFDDeletesTheLogLineThenTheComprobanteInItsOwnTransacti
 
     EXPECT_TRUE(acc->CancelarCFD(5));
 
-    ExpectPregunta(0, "¿Está seguro que desea eliminar el elemento seleccionado?");
+    platform.ui.ExpectPregunta(0, "¿Está seguro que desea eliminar el elemento seleccionado?");
     EXPECT_EQ(dataObjects->llamadas, (Textos{"Iniciar", "Confirmar"}));
     EXPECT_EQ(Ultimas(2), (Textos{"DELETE FROM ut_CFDBitacora WHERE uf_CFD=5", "DELETE FROM ut_CFD WHERE Sys_PK=5"}));
     EXPECT_EQ(empresa->Contar("ut_CFD"), 7);
@@ -658,7 +646,7 @@ TEST_P(Conducta, ARegenerationWhoseFileCannotBeWrittenLeavesTheFormerReport) {
 
     EXPECT_FALSE(acc->GenerarInformeMensual(mes, anio, bloquear));
 
-    ExpectCaja(1, "Error al guardar archivo " + noEsCarpeta.string() + "/1EKU9003173C9102026.txt",
+    platform.ui.ExpectCaja(1, "Error al guardar archivo " + noEsCarpeta.string() + "/1EKU9003173C9102026.txt",
                Icono::Exclamacion);
     EXPECT_EQ(dataObjects->llamadas, (Textos{"Iniciar", "Revertir"}));
     EXPECT_EQ(Texto("SELECT Sys_PK FROM ut_CFDInforme WHERE uf_Mes=10 AND uf_Anio=2026"), "2");

@@ -37,7 +37,7 @@ TEST_F(Eliminacion, DeletesTheReportAndUnmarksEveryLogRowOfTheMonth) {
     EXPECT_TRUE(Eliminar(10, 2026));
     const Textos sentencias = Sentencias();
 
-    ExpectPregunta(0, kPregunta);
+    ui.ExpectPregunta(0, kPregunta);
     EXPECT_EQ(acc.LastErrorDescript, "");
     // Rows 3 and 4 were never in the report and are unmarked all the same;
     // November's row 5 is not touched.
@@ -145,7 +145,7 @@ TEST_F(Eliminacion, ByNameTheArgumentsComeBackConvertedAndTheDefaultsAsk) {
 
     // By reference: the caller's values come back as the member's kinds.
     EXPECT_EQ(argumentos, (std::vector<Variant>{Variant::Integer(10), Variant::Integer(2026)}));
-    ExpectPregunta(0, kPregunta);
+    ui.ExpectPregunta(0, kPregunta);
     EXPECT_EQ(dataObjects->llamadas, (Textos{"Iniciar", "Confirmar"}));
 }
 

@@ -112,18 +112,6 @@ protected:
         return Texto("SELECT uf_Contenido FROM ut_CFDInforme WHERE uf_Mes=" + std::to_string(mes) +
                      " AND uf_Anio=" + std::to_string(anio));
     }
-    void ExpectCaja(std::size_t indice, const std::string& texto, host::Icono icono, const std::string& titulo = "",
-                    host::Botones botones = host::Botones::Aceptar) {
-        ASSERT_GT(ui.Cajas().size(), indice);
-        const auto& caja = ui.Cajas()[indice];
-        EXPECT_EQ(caja.texto, texto);
-        EXPECT_EQ(caja.icono, icono);
-        EXPECT_EQ(caja.titulo, titulo);
-        EXPECT_EQ(caja.botones, botones);
-    }
-    void ExpectPregunta(std::size_t indice, const std::string& texto) {
-        ExpectCaja(indice, texto, host::Icono::Pregunta, "", host::Botones::SiNo);
-    }
 };
 
 // The demo's October report as stored: log lines 1 and 2.

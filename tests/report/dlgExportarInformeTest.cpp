@@ -124,7 +124,7 @@ TEST_F(Navegador, ABadLineIsShownAndLeavesTheTotalsAtZero) {
         EXPECT_EQ(d.eNumTotal.Value(), 0);
         EXPECT_EQ(d.eNumIVA.Value(), 0);
     });
-    ExpectCaja(0, "Contenido incorrecto: |corta|", Icono::Exclamacion);
+    ui.ExpectCaja(0, "Contenido incorrecto: |corta|", Icono::Exclamacion);
     EXPECT_EQ(ui.MousePointerActual(), Puntero::Normal);
 }
 
@@ -136,8 +136,8 @@ TEST_F(Navegador, DeniedButtonsStayEnabledAndRefuseWhenPressed) {
             EXPECT_TRUE(d.btnEliminar.Pulsar());
         },
         false, false);
-    ExpectCaja(0, "Acceso denegado.", Icono::Critico, "Tiendaro");
-    ExpectCaja(1, "Acceso denegado.", Icono::Critico, "Tiendaro");
+    ui.ExpectCaja(0, "Acceso denegado.", Icono::Critico, "Tiendaro");
+    ui.ExpectCaja(1, "Acceso denegado.", Icono::Critico, "Tiendaro");
     EXPECT_EQ(Informes(), "1 9/2026 1EKU9003173C9092026; 2 10/2026 1EKU9003173C9102026");
 }
 
@@ -149,10 +149,10 @@ TEST_F(Navegador, EachButtonHasItsOwnWordsForAMissingSelection) {
         d.btnExportar.Pulsar();
         d.btnCopiar.Pulsar();
     });
-    ExpectCaja(0, "Seleccione informe.", Icono::Informacion);
-    ExpectCaja(1, "Selecione un elemento.", Icono::Informacion);
-    ExpectCaja(2, "Selecione un elemento.", Icono::Informacion);
-    ExpectCaja(3, "Seleccione un informe.", Icono::Informacion);
+    ui.ExpectCaja(0, "Seleccione informe.", Icono::Informacion);
+    ui.ExpectCaja(1, "Selecione un elemento.", Icono::Informacion);
+    ui.ExpectCaja(2, "Selecione un elemento.", Icono::Informacion);
+    ui.ExpectCaja(3, "Seleccione un informe.", Icono::Informacion);
 }
 
 TEST_F(Navegador, DeletingAsksThenReloadsTheList) {
@@ -163,8 +163,8 @@ TEST_F(Navegador, DeletingAsksThenReloadsTheList) {
         ASSERT_EQ(d.lvw.Count(), 1);
         EXPECT_EQ(d.lvw.Item(0).text, "1EKU9003173C9092026");
     });
-    ExpectPregunta(0, "¿Está seguro que desea eliminar el informe mensual seleccionado.?");
-    ExpectCaja(1, "Informe eliminado correctamente.", Icono::Informacion);
+    ui.ExpectPregunta(0, "¿Está seguro que desea eliminar el informe mensual seleccionado.?");
+    ui.ExpectCaja(1, "Informe eliminado correctamente.", Icono::Informacion);
     EXPECT_EQ(Reportados(), "00000000");
     EXPECT_EQ(dataObjects->llamadas, (Textos{"Iniciar", "Confirmar"}));
 }
@@ -185,7 +185,7 @@ TEST_F(Navegador, DeletingAnsweredNoSaysNothingAndAFailureSaysWhy) {
         Seleccionar(d, 1);
         d.btnEliminar.Pulsar();
     });
-    ExpectCaja(2, "Error al eliminar. Error 1 (cannot modify ut_CFDBitacora because it is a view)",
+    ui.ExpectCaja(2, "Error al eliminar. Error 1 (cannot modify ut_CFDBitacora because it is a view)",
                Icono::Exclamacion);
     EXPECT_EQ(Informes(), "1 9/2026 1EKU9003173C9092026; 2 10/2026 1EKU9003173C9102026");
 }
@@ -206,8 +206,8 @@ TEST_F(Navegador, ExportingWritesTheStoredTextUnderTheReportsName) {
     EXPECT_EQ(testing::LeerArchivo(destino), testing::kOctubre);
     EXPECT_EQ(testing::LeerArchivo(carpeta.ruta() / "1EKU9003173C9092026.txt"), "");
     ASSERT_EQ(ui.Cajas().size(), 2u);
-    ExpectCaja(0, "Archivo guardado correctamente.", Icono::Informacion);
-    ExpectCaja(1, "Archivo guardado correctamente.", Icono::Informacion);
+    ui.ExpectCaja(0, "Archivo guardado correctamente.", Icono::Informacion);
+    ui.ExpectCaja(1, "Archivo guardado correctamente.", Icono::Informacion);
     EXPECT_EQ(ui.Selecciones()[0].titulo, "Carpeta destino");
 }
 
@@ -216,7 +216,7 @@ TEST_F(Navegador, AnExportThatCannotBeWrittenSaysWhere) {
     std::ofstream(archivo) << "x";
     ui.Elegir(archivo.string());
     Ver([](dlgExportarInforme& d) { d.btnExportar.Pulsar(); });
-    ExpectCaja(0, "Error al guardar archivo " + archivo.string() + "/1EKU9003173C9092026.txt", Icono::Exclamacion);
+    ui.ExpectCaja(0, "Error al guardar archivo " + archivo.string() + "/1EKU9003173C9092026.txt", Icono::Exclamacion);
 }
 
 TEST_F(Navegador, CopyingPutsTheTextOnTheClipboardAndAnEmptyReportEmptiesIt) {
@@ -228,7 +228,7 @@ TEST_F(Navegador, CopyingPutsTheTextOnTheClipboardAndAnEmptyReportEmptiesIt) {
     });
     EXPECT_EQ(ui.Portapapeles(), (Textos{"", testing::kOctubre, "", ""}));
     ASSERT_EQ(ui.Cajas().size(), 1u);
-    ExpectCaja(0, "Sin contenido.", Icono::Informacion);
+    ui.ExpectCaja(0, "Sin contenido.", Icono::Informacion);
 }
 
 TEST_F(Navegador, RegeneratingHandsOverToTheLockedGenerationAndComesBackReloaded) {

@@ -73,7 +73,7 @@ TEST_F(Generacion, AMonthIsNormalisedStoredMarkedAndWrittenInOneTransaction) {
     EXPECT_EQ(ui.Selecciones()[0].tipo, "carpeta");
     EXPECT_EQ(ui.Selecciones()[0].titulo, "Carpeta destino");
     ASSERT_EQ(ui.Cajas().size(), 1u);
-    ExpectCaja(0, "El archivo ha sido generado correctamente correspondiente al mes de Noviembre y al año 2026",
+    ui.ExpectCaja(0, "El archivo ha sido generado correctamente correspondiente al mes de Noviembre y al año 2026",
                Icono::Informacion);
     EXPECT_EQ(ui.progreso, (Textos{"título: Generando informe mensual.", "Obteniendo información...",
                                    "Leyendo bitácora de registro de CFDs 000005",
@@ -107,7 +107,7 @@ TEST_F(Generacion, AMonthWithoutComprobantesGivesAnEmptyFileAndAnEmptyStoredRepo
     ASSERT_TRUE(fs::exists(Archivo("1EKU9003173C9122026")));
     EXPECT_EQ(fs::file_size(Archivo("1EKU9003173C9122026")), 0u);
     EXPECT_EQ(Contenido(12, 2026), "");
-    ExpectCaja(0,
+    ui.ExpectCaja(0,
                "Archivo generado correctamente. No se encontró ningún comprobante emitido en el mes de Diciembre y "
                "el año 2026",
                Icono::Informacion);
@@ -134,7 +134,7 @@ TEST_F(Generacion, RegeneratingReplacesTheStoredReportInsideTheSameTransaction) 
 
     EXPECT_TRUE(Generar(10, 2026));
 
-    ExpectPregunta(0, kSobreescribirOctubre);
+    ui.ExpectPregunta(0, kSobreescribirOctubre);
     // The former row is gone and a new one holds the same lines again: rows
     // 3 and 4 of October, unreported by the deletion, have no folio range.
     EXPECT_EQ(Informes(), "1 9/2026 1EKU9003173C9092026; 3 10/2026 1EKU9003173C9102026");
@@ -152,7 +152,7 @@ TEST_F(Generacion, AnEmptyStoredReportIsNamedSoInTheQuestion) {
     ui.Responder(Respuesta::Si);
     ui.Elegir(carpeta.ruta().string());
     EXPECT_TRUE(Generar(9, 2026));
-    ExpectPregunta(0,
+    ui.ExpectPregunta(0,
                    "Ya existe un informe del mes y año indicado generado el 2026-10-01. El informe está vacío, ha sido "
                    "guardado sin ningún contenido. ¿Desea volver a generarlo y sobreescribir el actual?");
 }
@@ -241,7 +241,7 @@ TEST_F(Generacion, AFileThatCannotBeWrittenRollsBackAndLeavesTheFormerReport) {
     EXPECT_FALSE(Generar(10, 2026));
 
     const std::string ruta = archivo.string() + "/1EKU9003173C9102026.txt";
-    ExpectCaja(1, "Error al guardar archivo " + ruta, Icono::Exclamacion);
+    ui.ExpectCaja(1, "Error al guardar archivo " + ruta, Icono::Exclamacion);
     EXPECT_EQ(dataObjects->llamadas, (Textos{"Iniciar", "Revertir"}));
     EXPECT_EQ(Informes(), "1 9/2026 1EKU9003173C9092026; 2 10/2026 1EKU9003173C9102026");
     EXPECT_EQ(Contenido(10, 2026), testing::kOctubre);
@@ -262,8 +262,8 @@ TEST_F(Generacion, AReportTheDatabaseRefusesIsToldTwiceAndItsFileStaysBehind) {
 
     EXPECT_FALSE(Generar(11, 2026));
 
-    ExpectCaja(0, "Error al guardar Informe. cannot modify ut_CFDInforme because it is a view", Icono::Exclamacion);
-    ExpectCaja(1, "Error al guardar archivo " + Archivo("1EKU9003173C9112026").string(), Icono::Exclamacion);
+    ui.ExpectCaja(0, "Error al guardar Informe. cannot modify ut_CFDInforme because it is a view", Icono::Exclamacion);
+    ui.ExpectCaja(1, "Error al guardar archivo " + Archivo("1EKU9003173C9112026").string(), Icono::Exclamacion);
     // The file is written after the row all the same; only the database rolls back.
     EXPECT_TRUE(fs::exists(Archivo("1EKU9003173C9112026")));
     EXPECT_EQ(Reportados(), kReportadosDemo);
@@ -299,7 +299,7 @@ TEST_F(Generacion, AQueryThatCannotBeOpenedRollsBack) {
 
     EXPECT_FALSE(Generar(11, 2026));
 
-    ExpectCaja(0, "Error al obtener información.", Icono::Exclamacion);
+    ui.ExpectCaja(0, "Error al obtener información.", Icono::Exclamacion);
     EXPECT_EQ(dataObjects->llamadas, (Textos{"Iniciar", "Revertir"}));
 }
 
@@ -313,7 +313,7 @@ TEST_F(Generacion, AFailedDeletionOfTheFormerReportRollsBackWithItsText) {
 
     EXPECT_FALSE(Generar(10, 2026));
 
-    ExpectCaja(1, "Error Imposible continuar. Error de acceso a base de datos.", Icono::Exclamacion);
+    ui.ExpectCaja(1, "Error Imposible continuar. Error de acceso a base de datos.", Icono::Exclamacion);
     EXPECT_EQ(dataObjects->llamadas, (Textos{"Iniciar", "Revertir"}));
     EXPECT_EQ(Contenido(10, 2026), testing::kOctubre);
 }
@@ -380,7 +380,7 @@ TEST_F(Generacion, WithNoYearSelectedAcceptingShowsTheConversionFaultAndStays) {
         d.Ver<forms::CommandButton>("btnCancelar").Pulsar();
     });
     EXPECT_FALSE(Generar(1, 1984, false));
-    ExpectCaja(0, "13(Type mismatch) Save()", Icono::Exclamacion);
+    ui.ExpectCaja(0, "13(Type mismatch) Save()", Icono::Exclamacion);
     EXPECT_TRUE(dataObjects->llamadas.empty());
 }
 

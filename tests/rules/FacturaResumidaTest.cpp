@@ -198,12 +198,9 @@ TEST_F(FormaDeFacturacion, BothTextsAreDemandedAlsoWithTheDetailedForm) {
     });
     const auto resultado = acc.FormaGenerarComprobanteHordana();
     EXPECT_FALSE(resultado->Resumido);
-    const auto& cajas = platform.ui.Cajas();
-    ASSERT_EQ(cajas.size(), 2u);
-    EXPECT_EQ(cajas[0].texto, "Escriba la descripción del concepto a facturar.");
-    EXPECT_EQ(cajas[0].icono, Icono::Informacion);
-    EXPECT_EQ(cajas[1].texto, "Escriba la descripción del concepto sin impuestos a facturar.");
-    EXPECT_EQ(cajas[1].icono, Icono::Informacion);
+    ASSERT_EQ(platform.ui.Cajas().size(), 2u);
+    platform.ui.ExpectCaja(0, "Escriba la descripción del concepto a facturar.", Icono::Informacion);
+    platform.ui.ExpectCaja(1, "Escriba la descripción del concepto sin impuestos a facturar.", Icono::Informacion);
 }
 
 TEST_F(FormaDeFacturacion, TheSummaryFormReturnsTheFourTextsTrimmed) {

@@ -15,7 +15,6 @@
 namespace celdora {
 namespace {
 
-using host::Botones;
 using host::Icono;
 using host::Respuesta;
 using testing::TestPlatform;
@@ -53,12 +52,9 @@ TEST_F(Solicitudes, OneAtSignAnywherePassesAndItsAbsenceOrAnEmptyTextIsRefused) 
         Pulsar(d, "btnOK");
     });
     EXPECT_EQ(acc.getAddress(""), "uno; dos@; tres");
-    const auto& cajas = platform.ui.Cajas();
-    ASSERT_EQ(cajas.size(), 2u);
-    EXPECT_EQ(cajas[0].texto, "Por favor ingrese una dirección de correo.");
-    EXPECT_EQ(cajas[0].icono, Icono::Informacion);
-    EXPECT_EQ(cajas[1].texto, "Dirección de correo invalida.");
-    EXPECT_EQ(cajas[1].icono, Icono::Informacion);
+    ASSERT_EQ(platform.ui.Cajas().size(), 2u);
+    platform.ui.ExpectCaja(0, "Por favor ingrese una dirección de correo.", Icono::Informacion);
+    platform.ui.ExpectCaja(1, "Dirección de correo invalida.", Icono::Informacion);
 }
 
 TEST_F(Solicitudes, CancellingTheSendingAsksFirstAndThenGivesTheEmptyString) {
@@ -70,11 +66,9 @@ TEST_F(Solicitudes, CancellingTheSendingAsksFirstAndThenGivesTheEmptyString) {
         Pulsar(d, "btnCancel");
     });
     EXPECT_EQ(acc.getAddress("a@b.mx"), "");
-    const auto& cajas = platform.ui.Cajas();
-    ASSERT_EQ(cajas.size(), 2u);
-    EXPECT_EQ(cajas[0].texto, "¿Está seguro que desea cancelar el envío?");
-    EXPECT_EQ(cajas[0].botones, Botones::SiNo);
-    EXPECT_EQ(cajas[0].icono, Icono::Pregunta);
+    ASSERT_EQ(platform.ui.Cajas().size(), 2u);
+    platform.ui.ExpectPregunta(0, "¿Está seguro que desea cancelar el envío?");
+    platform.ui.ExpectPregunta(1, "¿Está seguro que desea cancelar el envío?");
     // Closing the window gives the empty string too.
     platform.ui.AlMostrar("dlgAddress", [](forms::Dialogo& d) { d.Cerrar(); });
     EXPECT_EQ(acc.getAddress("a@b.mx"), "");

@@ -24,6 +24,16 @@ host::Respuesta ScriptedUi::MsgBox(const std::string& text, host::Botones button
     return respuesta;
 }
 
+void ScriptedUi::ExpectCaja(std::size_t indice, const std::string& texto, host::Icono icono,
+                            const std::string& titulo, host::Botones botones) const {
+    ASSERT_GT(cajas_.size(), indice) << "no box number " << indice;
+    const Caja& caja = cajas_[indice];
+    EXPECT_EQ(caja.texto, texto);
+    EXPECT_EQ(caja.icono, icono);
+    EXPECT_EQ(caja.titulo, titulo);
+    EXPECT_EQ(caja.botones, botones);
+}
+
 std::optional<std::string> ScriptedUi::TomarRuta(const char* tipo, const host::FileDialogRequest& request) {
     std::optional<std::string> ruta;
     if (rutas_.empty()) {

@@ -55,6 +55,13 @@ public:
     void Elegir(std::optional<std::string> ruta) { rutas_.push_back(std::move(ruta)); }
 
     const std::vector<Caja>& Cajas() const { return cajas_; }
+    // Checks box number indice (from 0): its text, icon, title and buttons.
+    void ExpectCaja(std::size_t indice, const std::string& texto, host::Icono icono, const std::string& titulo = "",
+                    host::Botones botones = host::Botones::Aceptar) const;
+    // A Yes/No question without a title of its own.
+    void ExpectPregunta(std::size_t indice, const std::string& texto) const {
+        ExpectCaja(indice, texto, host::Icono::Pregunta, "", host::Botones::SiNo);
+    }
     const std::vector<Seleccion>& Selecciones() const { return selecciones_; }
     const std::vector<std::string>& Portapapeles() const { return portapapeles_; }
     std::vector<host::Puntero> Punteros() const { return punteros_; }
