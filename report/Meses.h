@@ -9,4 +9,8 @@ inline constexpr std::array<const char*, 12> kMeses = {"Enero",      "Febrero", 
                                                        "Mayo",       "Junio",   "Julio",     "Agosto",
                                                        "Septiembre", "Octubre", "Noviembre", "Diciembre"};
 
+// The years both report dialogs offer, as text in ascending order.
+inline constexpr int kPrimerAnio = 1985;
+inline constexpr int kUltimoAnio = 2050;
+
 }  // namespace celdora::informe

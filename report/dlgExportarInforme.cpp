@@ -20,8 +20,6 @@ namespace {
 
 using host::Icono;
 
-constexpr int kPrimerAnio = 1985;
-constexpr int kUltimoAnio = 2050;
 constexpr const char* kFormatoImporte = "$ #,#.##";
 // The list item's column that holds the report's month number.
 constexpr int kColumnaMes = 3;
@@ -73,7 +71,7 @@ cAcction& dlgExportarInforme::Fachada() const {
 }
 
 void dlgExportarInforme::CargarAnios() {
-    for (int anio = kPrimerAnio; anio <= kUltimoAnio; ++anio) {
+    for (int anio = informe::kPrimerAnio; anio <= informe::kUltimoAnio; ++anio) {
         ResumeNext([&] { cmbAnio.AddItem(std::to_string(anio)); });
     }
     // Selecting the year loads its reports, through the list's Click.

@@ -21,8 +21,6 @@ namespace {
 
 using host::Icono;
 
-constexpr int kPrimerAnio = 1985;
-constexpr int kUltimoAnio = 2050;
 
 std::shared_ptr<host::cCampo> NuevoCampo(const std::string& nombre, const std::string& tipo, const Variant& valor,
                                          int tamano, bool requerido) {
@@ -66,7 +64,7 @@ void dlgInforme::load(std::int16_t mes, std::int16_t anio) {
     for (const char* nombre : informe::kMeses) ResumeNext([&] { cmbmes.AddItem(nombre); });
     ResumeNext([&] { cmbmes.ListIndex(mes - 1); });
     ResumeNext([&] { cmbAnio.Clear(); });
-    for (int anioDeLista = kPrimerAnio; anioDeLista <= kUltimoAnio; ++anioDeLista) {
+    for (int anioDeLista = informe::kPrimerAnio; anioDeLista <= informe::kUltimoAnio; ++anioDeLista) {
         ResumeNext([&] { cmbAnio.AddItem(std::to_string(anioDeLista)); });
     }
     ResumeNext([&] { cmbAnio.ListIndex(cmbAnio.Buscar(std::to_string(anio))); });
