@@ -21,7 +21,6 @@ namespace {
 
 using host::Icono;
 
-
 std::shared_ptr<host::cCampo> NuevoCampo(const std::string& nombre, const std::string& tipo, const Variant& valor,
                                          int tamano, bool requerido) {
     auto campo = host::Crear<host::cCampo>(host::progid::cCampo);
