@@ -60,8 +60,13 @@ QWidget* Delante() {
 }
 
 std::optional<std::string> Elegido(QFileDialog& dialogo) {
-    if (dialogo.exec() != QDialog::Accepted || dialogo.selectedFiles().isEmpty()) return std::nullopt;
-    return Utf8(QDir::toNativeSeparators(dialogo.selectedFiles().constFirst()));
+    // The paths as the picker accepted them: read again once it has closed,
+    // its selection may already follow the folder view that goes on loading
+    // behind it.
+    QStringList elegidos;
+    QObject::connect(&dialogo, &QFileDialog::filesSelected, [&elegidos](const QStringList& f) { elegidos = f; });
+    if (dialogo.exec() != QDialog::Accepted || elegidos.isEmpty()) return std::nullopt;
+    return Utf8(QDir::toNativeSeparators(elegidos.constFirst()));
 }
 
 std::optional<std::string> Archivo(const host::FileDialogRequest& request, QFileDialog::AcceptMode modo) {

@@ -9,7 +9,6 @@
 #include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMessageBox>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
@@ -43,18 +42,6 @@ void Reescribir(QLineEdit* linea, const QString& texto) {
     Teclear(linea, texto);
 }
 
-// Answers the next message box with the button of this text and keeps its text.
-void Contestar(QString& texto, const QString& boton) {
-    Despues([&texto, boton] {
-        auto* caja = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-        ASSERT_NE(caja, nullptr) << "no message box";
-        texto = caja->text();
-        for (QAbstractButton* b : caja->buttons()) {
-            if (b->text() == boton) QTest::mouseClick(b, Qt::LeftButton);
-        }
-    });
-}
-
 class DialogosReglasQt : public ::testing::Test {
 protected:
     PlataformaQt qt;
@@ -66,8 +53,8 @@ protected:
 
 TEST_F(DialogosReglasQt, SummaryBillingChosenOnTheWidgetsComesBackWithItsTexts) {
     qt.ui.MousePointer(host::Puntero::Reloj);
-    QString aviso;
-    Despues([&] {
+    CajaVista aviso;
+    AlAparecer([&] {
         platform::VentanaQt* v = VentanaActiva();
         ASSERT_NE(v, nullptr);
         EXPECT_EQ(v->windowTitle(), "Opciones de generación del comprobante");
@@ -86,7 +73,7 @@ TEST_F(DialogosReglasQt, SummaryBillingChosenOnTheWidgetsComesBackWithItsTexts) 
         Reescribir(otro, QString());
 
         // The second text is demanded: a box, the focus on it, the dialog up.
-        Contestar(aviso, "Aceptar");
+        ResponderCaja(aviso, "Aceptar");
         QTest::mouseClick(Widget<QPushButton>(v, "btnAceptar"), Qt::LeftButton);
         EXPECT_TRUE(v->isVisible());
         ASSERT_NE(v->Modelo().Foco(), nullptr);
@@ -98,7 +85,7 @@ TEST_F(DialogosReglasQt, SummaryBillingChosenOnTheWidgetsComesBackWithItsTexts) 
         QTest::keyClick(otro, Qt::Key_Return);
     });
     const auto conceptos = acc.FormaGenerarComprobanteHordana();
-    EXPECT_EQ(aviso, "Escriba la descripción del concepto sin impuestos a facturar.");
+    EXPECT_EQ(aviso.texto, "Escriba la descripción del concepto sin impuestos a facturar.");
     ASSERT_NE(conceptos, nullptr);
     EXPECT_TRUE(conceptos->Resumido);
     EXPECT_EQ(conceptos->UnidadC1, "SERVICIO");
@@ -111,7 +98,7 @@ TEST_F(DialogosReglasQt, SummaryBillingChosenOnTheWidgetsComesBackWithItsTexts) 
 }
 
 TEST_F(DialogosReglasQt, ClosingTheSummaryBillingWindowGivesADetailedComprobante) {
-    Despues([] {
+    AlAparecer([] {
         platform::VentanaQt* v = VentanaActiva();
         auto* resumido = Widget<QRadioButton>(v, "optResumido");
         QTest::mouseClick(resumido, Qt::LeftButton, {}, QPoint(6, resumido->height() / 2));
@@ -145,7 +132,7 @@ TEST_F(DialogosReglasQt, TheProgressWindowShowsTheBarWithoutWaiting) {
 }
 
 TEST_F(DialogosReglasQt, TheMailAddressesAreGivenBackAsTyped) {
-    Despues([] {
+    AlAparecer([] {
         platform::VentanaQt* v = VentanaActiva();
         EXPECT_EQ(v->windowTitle(), "Dirección de correo del destinatario.");
         auto* direccion = Widget<QLineEdit>(v, "Text");
@@ -158,24 +145,24 @@ TEST_F(DialogosReglasQt, TheMailAddressesAreGivenBackAsTyped) {
 }
 
 TEST_F(DialogosReglasQt, CancellingTheSendingAsksAndGivesTheEmptyString) {
-    QString primera;
-    QString segunda;
-    Despues([&] {
+    CajaVista primera;
+    CajaVista segunda;
+    AlAparecer([&] {
         platform::VentanaQt* v = VentanaActiva();
         auto* direccion = Widget<QLineEdit>(v, "Text");
-        Contestar(primera, "No");
+        ResponderCaja(primera, "No");
         QTest::keyClick(direccion, Qt::Key_Escape);
         EXPECT_TRUE(v->isVisible());
-        Contestar(segunda, "Sí");
+        ResponderCaja(segunda, "Sí");
         QTest::mouseClick(Widget<QPushButton>(v, "btnCancel"), Qt::LeftButton);
     });
     EXPECT_EQ(acc.getAddress("a@b.mx"), "");
-    EXPECT_EQ(primera, "¿Está seguro que desea cancelar el envío?");
-    EXPECT_EQ(segunda, "¿Está seguro que desea cancelar el envío?");
+    EXPECT_EQ(primera.texto, "¿Está seguro que desea cancelar el envío?");
+    EXPECT_EQ(segunda.texto, "¿Está seguro que desea cancelar el envío?");
 }
 
 TEST_F(DialogosReglasQt, ThePaymentFormIsTheTextChosenInTheCombo) {
-    Despues([] {
+    AlAparecer([] {
         platform::VentanaQt* v = VentanaActiva();
         EXPECT_EQ(v->windowTitle(), "Forma de pago");
         auto* formas = Widget<QComboBox>(v, "cmbFP");
@@ -186,7 +173,7 @@ TEST_F(DialogosReglasQt, ThePaymentFormIsTheTextChosenInTheCombo) {
     });
     EXPECT_EQ(acc.SolicitarFormaPago(), "CRÉDITO");
 
-    Despues([] { QTest::keyClick(Widget<QComboBox>(VentanaActiva(), "cmbFP"), Qt::Key_Escape); });
+    AlAparecer([] { QTest::keyClick(Widget<QComboBox>(VentanaActiva(), "cmbFP"), Qt::Key_Escape); });
     EXPECT_EQ(acc.SolicitarFormaPago(), "");
 }
 
@@ -195,22 +182,18 @@ TEST_F(DialogosReglasQt, SaveAsGivesThePathChosenInThePickerOrNothing) {
     const std::string destino = carpeta / "A-101.xml";
     QStringList filtros;
     bool formaArriba = false;
-    Despues([&] {
-        auto* selector = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-        ASSERT_NE(selector, nullptr);
+    ResponderSelector(QString::fromStdString(destino), [&](QFileDialog* selector) {
         platform::VentanaQt* forma = VentanaDeClase("frmSaveAs");
         formaArriba = forma != nullptr && forma->isVisible() && forma->windowTitle() == "Guardar como...";
         filtros = selector->nameFilters();
         Captura(selector, "frmSaveAs");
-        selector->selectFile(QString::fromStdString(destino));
-        static_cast<QDialog*>(selector)->accept();
     });
     EXPECT_EQ(acc.ShowSaveAs("Comprobante XML|*.xml|Todos los archivos|*.*", "A-101.xml"), Variant(destino));
     EXPECT_TRUE(formaArriba);
     EXPECT_EQ(filtros, (QStringList{"Comprobante XML (*.xml)", "Todos los archivos (*.*)"}));
     EXPECT_EQ(VentanaDeClase("frmSaveAs"), nullptr) << "the form is unloaded";
 
-    Despues([] { static_cast<QDialog*>(QApplication::activeModalWidget())->reject(); });
+    ResponderSelector(std::nullopt);
     EXPECT_EQ(acc.ShowSaveAs("Comprobante XML|*.xml"), Variant(std::string()));
 }
 

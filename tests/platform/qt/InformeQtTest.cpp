@@ -5,12 +5,9 @@
 #include <gtest/gtest.h>
 
 #include <QFileDialog>
-#include <QLineEdit>
-#include <QMessageBox>
 #include <QPushButton>
 #include <QTableWidget>
 #include <QTest>
-#include <QTimer>
 #include <QTreeWidget>
 #include <filesystem>
 #include <fstream>
@@ -37,22 +34,6 @@ std::string Leer(const fs::path& ruta) {
     return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
 }
 
-// Runs the action on the modal window of this kind as soon as it is up: the
-// windows of the generation come one after the other, with the progress
-// window's message loop turning in between.
-template <class T>
-void CuandoAparezca(std::function<void(T*)> accion, int intentos = 500) {
-    QTimer::singleShot(10, [accion, intentos] {
-        if (auto* ventana = qobject_cast<T*>(QApplication::activeModalWidget())) {
-            accion(ventana);
-        } else if (intentos > 0) {
-            CuandoAparezca<T>(accion, intentos - 1);
-        } else {
-            ADD_FAILURE() << "the window never came up";
-        }
-    });
-}
-
 void Pulsar(QWidget* ventana, const char* boton) {
     auto* widget = Widget<QPushButton>(ventana, boton);
     if (widget != nullptr) QTest::mouseClick(widget, Qt::LeftButton);
@@ -67,19 +48,18 @@ TEST(InformeQt, AMonthGeneratedInTheWindowsReadsBackInTheBrowserWithItsTotals) {
     acc.SetDataObjects(db.dataObjects, nullptr);
     acc.ApplicationName = "Tiendaro";
 
-    QString cierre;
-    Despues([&] {
+    // The report goes to a folder inside the test's own, so that even a
+    // picker answering its parent folder writes nothing outside it.
+    const fs::path destino = carpeta.ruta() / "informes";
+    fs::create_directories(destino);
+    CajaVista cierre;
+    AlAparecer([&] {
         platform::VentanaQt* v = VentanaActiva();
         ASSERT_NE(v, nullptr);
         EXPECT_EQ(v->windowTitle(), "Informe mensual al SAT");
         // The folder picker comes up from the button, and then the closing box.
-        CuandoAparezca<QFileDialog>([&](QFileDialog* selector) {
-            CuandoAparezca<QMessageBox>([&](QMessageBox* caja) {
-                cierre = caja->text();
-                caja->accept();
-            });
-            selector->selectFile(QString::fromStdString(carpeta.ruta().string()));
-            static_cast<QDialog*>(selector)->accept();
+        ResponderSelector(QString::fromStdString(destino.string()), [&](QFileDialog*) {
+            ResponderCaja(cierre, "Aceptar");
         });
         Pulsar(v, "btnOK");
     });
@@ -87,10 +67,12 @@ TEST(InformeQt, AMonthGeneratedInTheWindowsReadsBackInTheBrowserWithItsTotals) {
     std::int16_t anio = 2026;
     bool bloquear = false;
     ASSERT_TRUE(acc.GenerarInformeMensual(mes, anio, bloquear));
-    EXPECT_EQ(cierre.toStdString(),
+    EXPECT_EQ(cierre.texto.toStdString(),
               "El archivo ha sido generado correctamente correspondiente al mes de Noviembre y al año 2026");
 
-    const std::string contenido = Leer(carpeta.ruta() / "1EKU9003173C9112026.txt");
+    const fs::path informe = destino / "1EKU9003173C9112026.txt";
+    ASSERT_TRUE(fs::exists(informe)) << informe << " was not written";
+    const std::string contenido = Leer(informe);
     const auto lineas = Split(contenido, "\r\n");
     ASSERT_GE(lineas.size(), 2u);
     double total = 0;
@@ -105,7 +87,7 @@ TEST(InformeQt, AMonthGeneratedInTheWindowsReadsBackInTheBrowserWithItsTotals) {
     double montoMostrado = -1;
     double ivaMostrado = -1;
     std::string etiqueta;
-    Despues([&] {
+    AlAparecer([&] {
         platform::VentanaQt* v = VentanaActiva();
         ASSERT_NE(v, nullptr);
         EXPECT_EQ(v->windowTitle(), "Informes mensuales generados");
@@ -116,16 +98,18 @@ TEST(InformeQt, AMonthGeneratedInTheWindowsReadsBackInTheBrowserWithItsTotals) {
         QTreeWidgetItem* noviembre = vista->topLevelItem(2);
         EXPECT_EQ(noviembre->text(0).toStdString(), "1EKU9003173C9112026");
         QTest::mouseClick(vista->viewport(), Qt::LeftButton, {}, vista->visualItemRect(noviembre).center());
-        // The grid is drawn on the next turn of the message loop.
-        Despues([&, v] {
-            filas = Widget<QTableWidget>(v, "dxGrid")->rowCount();
-            auto& modelo = v->Modelo();
-            montoMostrado = modelo.Ver<forms::NumberField>("eNumTotal").Value();
-            ivaMostrado = modelo.Ver<forms::NumberField>("eNumIVA").Value();
-            etiqueta = modelo.Ver<forms::Label>("lblcontenido").Caption();
-            Captura(v, "dlgExportarInforme");
-            Pulsar(v, "btnCerrar");
-        });
+        auto* rejilla = Widget<QTableWidget>(v, "dxGrid");
+        CuandoSe([rejilla] { return rejilla->rowCount() > 0; },
+                 [&, v, rejilla] {
+                     filas = rejilla->rowCount();
+                     auto& modelo = v->Modelo();
+                     montoMostrado = modelo.Ver<forms::NumberField>("eNumTotal").Value();
+                     ivaMostrado = modelo.Ver<forms::NumberField>("eNumIVA").Value();
+                     etiqueta = modelo.Ver<forms::Label>("lblcontenido").Caption();
+                     Captura(v, "dlgExportarInforme");
+                     Pulsar(v, "btnCerrar");
+                 },
+                 "the grid to show the report's lines");
     });
     bool regenerar = true;
     bool eliminar = true;

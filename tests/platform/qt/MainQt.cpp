@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <QByteArray>
+#include <QFile>
+#include <QTemporaryDir>
 #include <QtGlobal>
 #include <memory>
 
@@ -24,6 +26,12 @@ private:
 
 int main(int argc, char** argv) {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", QByteArray("offscreen"));
+    // Without a runtime folder Qt makes one of its own in the system's
+    // temporary folder and leaves it there; the tests' one goes with them.
+    QTemporaryDir tiempoDeEjecucion;
+    if (qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR") && tiempoDeEjecucion.isValid()) {
+        qputenv("XDG_RUNTIME_DIR", QFile::encodeName(tiempoDeEjecucion.path()));
+    }
     ::testing::InitGoogleTest(&argc, argv);
     ::testing::AddGlobalTestEnvironment(new EntornoQt);
     return RUN_ALL_TESTS();

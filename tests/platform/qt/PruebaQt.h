@@ -1,16 +1,20 @@
 #pragma once
 
 // What the gui tests share: the Qt platform installed for a test, actions
-// that run once a modal window is waiting, the window and widgets of a
+// that run once a window, a box or a picker is up (waiting for that, never
+// for a time), answers to boxes and pickers, the window and widgets of a
 // dialog, a watchdog for a window left waiting, and pictures of the windows.
 
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QFileDialog>
+#include <QMessageBox>
 #include <QTimer>
 #include <QWidget>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "platform/desktop/PlataformaEscritorio.h"
@@ -29,9 +33,38 @@ struct PlataformaQt {
     platform::PlataformaInstalada instalada{plataforma};
 };
 
-// Runs the action once the message loop turns: scheduled before a modal
-// showing, it runs while the window waits.
-void Despues(std::function<void()> accion);
+// How long a test waits for a window, a widget or a file before it fails.
+constexpr int kPlazoMs = 20000;
+
+// Runs the action as soon as the condition holds, looked at while the message
+// loop turns (also inside a modal window's own loop); fails the test with the
+// description when it has not held within the deadline.
+void CuandoSe(std::function<bool()> condicion, std::function<void()> accion, std::string que);
+
+// Runs the action on the next modal window that comes up: a dialog's window,
+// a box or a picker other than the one waiting when this is called.
+void AlAparecer(std::function<void()> accion);
+
+// Turns the message loop until the condition holds; false at the deadline.
+bool Esperar(const std::function<bool()>& condicion);
+
+// What a message box showed.
+struct CajaVista {
+    QString titulo;
+    QString texto;
+    QMessageBox::Icon icono = QMessageBox::NoIcon;
+    QStringList botones;  // sorted: the style sets their order on the screen
+};
+
+// Answers the next message box with the button of this text, noting what the
+// box showed and saving its picture when a name is given.
+void ResponderCaja(CajaVista& vista, const QString& boton, const std::string& captura = "");
+
+// Answers the next file or folder picker with this path, or cancels it when
+// there is none. The picker is accepted only once it has taken the path, so
+// it answers with the path and not with the folder it was showing. `ver`
+// looks at the picker first (its title, mode, filters).
+void ResponderSelector(std::optional<QString> ruta, std::function<void(QFileDialog*)> ver = {});
 
 // The window of the dialog waiting modally now; null when none.
 platform::VentanaQt* VentanaActiva();

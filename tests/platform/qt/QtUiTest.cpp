@@ -26,35 +26,6 @@ using host::Botones;
 using host::Icono;
 using host::Respuesta;
 
-// What a message box showed, and the button the test pressed on it.
-struct CajaVista {
-    QString titulo;
-    QString texto;
-    QMessageBox::Icon icono = QMessageBox::NoIcon;
-    QStringList botones;
-};
-
-// Answers the next message box by pressing the button with this text.
-void ResponderCaja(CajaVista& vista, const QString& boton, const std::string& captura = "") {
-    Despues([&vista, boton, captura] {
-        auto* caja = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-        ASSERT_NE(caja, nullptr) << "no message box";
-        vista.titulo = caja->windowTitle();
-        vista.texto = caja->text();
-        vista.icono = caja->icon();
-        QPushButton* pulsado = nullptr;
-        for (QAbstractButton* b : caja->buttons()) {
-            vista.botones << b->text();
-            if (b->text() == boton) pulsado = qobject_cast<QPushButton*>(b);
-        }
-        // The style sets the buttons' order on the screen.
-        vista.botones.sort();
-        if (!captura.empty()) Captura(caja, captura);
-        ASSERT_NE(pulsado, nullptr) << "no button " << boton.toStdString();
-        QTest::mouseClick(pulsado, Qt::LeftButton);
-    });
-}
-
 class QtUiTest : public ::testing::Test {
 protected:
     PlataformaQt qt;
@@ -97,9 +68,9 @@ TEST_F(QtUiTest, MessageBoxesShowTextIconTitleAndSpanishButtons) {
 }
 
 TEST_F(QtUiTest, EscapeOnABoxAnswersItsLastButton) {
-    Despues([] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape); });
+    AlAparecer([] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape); });
     EXPECT_EQ(qt.ui.MsgBox("¿Guardar?", Botones::SiNoCancelar, Icono::Pregunta, ""), Respuesta::Cancelar);
-    Despues([] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape); });
+    AlAparecer([] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape); });
     EXPECT_EQ(qt.ui.MsgBox("¿Eliminar?", Botones::SiNo, Icono::Pregunta, ""), Respuesta::No);
 }
 
@@ -117,7 +88,7 @@ TEST_F(QtUiTest, ABoxFromAHandlerStandsOverTheDialogAndTheDialogWaitsOn) {
     } dlg;
     CajaVista primera;
     CajaVista segunda;
-    Despues([&] {
+    AlAparecer([&] {
         platform::VentanaQt* v = VentanaActiva();
         ResponderCaja(primera, "No");
         QTest::mouseClick(Widget<QPushButton>(v, "btnCancel"), Qt::LeftButton);
@@ -140,41 +111,35 @@ TEST(FiltroArchivosQt, TurnsTheSystemsFilterIntoQts) {
     EXPECT_EQ(FiltroArchivosQt(""), "");
 }
 
-// Answers the next file or folder picker: the path, or cancel when none.
-void ResponderSelector(std::optional<QString> ruta, QFileDialog::AcceptMode* modo = nullptr,
-                       QStringList* filtros = nullptr, QString* titulo = nullptr) {
-    Despues([=] {
-        auto* selector = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-        ASSERT_NE(selector, nullptr) << "no file dialog";
-        if (modo != nullptr) *modo = selector->acceptMode();
-        if (filtros != nullptr) *filtros = selector->nameFilters();
-        if (titulo != nullptr) *titulo = selector->windowTitle();
-        if (!ruta) {
-            selector->reject();
-            return;
-        }
-        selector->selectFile(*ruta);
-        static_cast<QDialog*>(selector)->accept();
-    });
-}
+// Notes the mode, filters and title of the picker it is given.
+struct SelectorVisto {
+    QFileDialog::AcceptMode modo{};
+    QStringList filtros;
+    QString titulo;
+    std::function<void(QFileDialog*)> Ver() {
+        return [this](QFileDialog* selector) {
+            modo = selector->acceptMode();
+            filtros = selector->nameFilters();
+            titulo = selector->windowTitle();
+        };
+    }
+};
 
 TEST_F(QtUiTest, FilePickersGiveThePathChosenOrNothingWhenCancelled) {
     CarpetaTemporal carpeta;
     const std::string destino = carpeta / "informe.txt";
-    QFileDialog::AcceptMode modo{};
-    QStringList filtros;
-    QString titulo;
-    ResponderSelector(QString::fromStdString(destino), &modo, &filtros, &titulo);
+    SelectorVisto visto;
+    ResponderSelector(QString::fromStdString(destino), visto.Ver());
     const auto guardado = qt.ui.ShowSave({"Archivos de texto|*.txt|Todos|*.*", "informe.txt", "Guardar como..."});
     EXPECT_EQ(guardado, destino);
-    EXPECT_EQ(modo, QFileDialog::AcceptSave);
-    EXPECT_EQ(filtros, (QStringList{"Archivos de texto (*.txt)", "Todos (*.*)"}));
-    EXPECT_EQ(titulo, "Guardar como...");
+    EXPECT_EQ(visto.modo, QFileDialog::AcceptSave);
+    EXPECT_EQ(visto.filtros, (QStringList{"Archivos de texto (*.txt)", "Todos (*.*)"}));
+    EXPECT_EQ(visto.titulo, "Guardar como...");
 
     std::ofstream(carpeta / "CBB.bmp") << "BM";
-    ResponderSelector(QString::fromStdString(carpeta / "CBB.bmp"), &modo);
+    ResponderSelector(QString::fromStdString(carpeta / "CBB.bmp"), visto.Ver());
     EXPECT_EQ(qt.ui.ShowOpen({"Imágenes|*.bmp", "", "Abrir"}), carpeta / "CBB.bmp");
-    EXPECT_EQ(modo, QFileDialog::AcceptOpen);
+    EXPECT_EQ(visto.modo, QFileDialog::AcceptOpen);
 
     ResponderSelector(std::nullopt);
     EXPECT_EQ(qt.ui.ShowOpen({"", "", ""}), std::nullopt);
@@ -184,10 +149,10 @@ TEST_F(QtUiTest, TheFolderPickerGivesTheFolderChosen) {
     CarpetaTemporal carpeta;
     std::filesystem::create_directories(carpeta.ruta() / "Informes");
     const std::string elegida = carpeta / "Informes";
-    QString titulo;
-    ResponderSelector(QString::fromStdString(elegida), nullptr, nullptr, &titulo);
+    SelectorVisto visto;
+    ResponderSelector(QString::fromStdString(elegida), visto.Ver());
     EXPECT_EQ(qt.ui.BrowseForFolder("Seleccione la carpeta destino", carpeta.ruta().string()), elegida);
-    EXPECT_EQ(titulo, "Seleccione la carpeta destino");
+    EXPECT_EQ(visto.titulo, "Seleccione la carpeta destino");
 
     ResponderSelector(std::nullopt);
     EXPECT_EQ(qt.ui.BrowseForFolder("Carpeta", "/no/existe"), std::nullopt);
@@ -226,7 +191,7 @@ TEST_F(QtUiTest, APictureLoadedByItsContentsShowsInItsBox) {
         DlgImagen() : Dialogo("dlgImagen", "Código") { imgCBB = &Agregar<forms::PictureBox>("imgCBB"); }
         forms::PictureBox* imgCBB;
     } dlg;
-    Despues([&] {
+    AlAparecer([&] {
         platform::VentanaQt* v = VentanaActiva();
         auto* caja = Widget<QLabel>(v, "imgCBB");
         EXPECT_TRUE(caja->pixmap().isNull());

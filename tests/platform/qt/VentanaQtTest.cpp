@@ -138,7 +138,7 @@ protected:
 };
 
 TEST_F(VentanaQtTest, DrawsEachControlWithItsWidgetInItsContainer) {
-    Despues([&] {
+    AlAparecer([&] {
         platform::VentanaQt* v = VentanaActiva();
         ASSERT_NE(v, nullptr);
         EXPECT_EQ(v->windowTitle(), "Datos del cliente");
@@ -209,7 +209,7 @@ TEST_F(VentanaQtTest, TypingGoesThroughKeyPressIntoTheModelAndRaisesChange) {
         if (tecla >= 'a' && tecla <= 'z') tecla -= 32;
         if (tecla == 241) tecla = 209;
     };
-    Despues([&] {
+    AlAparecer([&] {
         platform::VentanaQt* v = VentanaActiva();
         auto* nombre = Widget<QLineEdit>(v, "txtNombre");
         Teclear(nombre, QStringLiteral("pe1ña"));
@@ -228,7 +228,7 @@ TEST_F(VentanaQtTest, TypingGoesThroughKeyPressIntoTheModelAndRaisesChange) {
 }
 
 TEST_F(VentanaQtTest, ModelChangesFromCodeShowInTheWidgets) {
-    Despues([&] {
+    AlAparecer([&] {
         platform::VentanaQt* v = VentanaActiva();
         auto* nombre = Widget<QLineEdit>(v, "txtNombre");
         dlg.txtNombre->Text("Luisa");
@@ -271,13 +271,12 @@ TEST_F(VentanaQtTest, ModelChangesFromCodeShowInTheWidgets) {
         dlg.lvwDocs->SubItem(dlg.lvwDocs->Add("k3", "C"), 1, "303");
         dlg.lvwDocs->SelectedItem(2);
         dlg.grdTotales->Valor(dlg.grdTotales->Append(), "importe", Variant(std::string("12")));
-        QCoreApplication::processEvents();
         auto* vista = Widget<QTreeWidget>(v, "lvwDocs");
-        ASSERT_EQ(vista->topLevelItemCount(), 3);
+        auto* tabla = Widget<QTableWidget>(v, "grdTotales");
+        ASSERT_TRUE(Esperar([&] { return vista->topLevelItemCount() == 3 && tabla->rowCount() == 2; }))
+            << "the list and the grid were not drawn again";
         EXPECT_EQ(vista->topLevelItem(2)->text(1), "303");
         EXPECT_EQ(vista->currentItem(), vista->topLevelItem(2));
-        auto* tabla = Widget<QTableWidget>(v, "grdTotales");
-        ASSERT_EQ(tabla->rowCount(), 2);
         EXPECT_EQ(tabla->item(1, 1)->text(), "12");
         EXPECT_EQ(tabla->item(1, 0)->text(), "");
         Captura(v, "ventana_cambios_del_modelo");
@@ -288,7 +287,7 @@ TEST_F(VentanaQtTest, ModelChangesFromCodeShowInTheWidgets) {
 }
 
 TEST_F(VentanaQtTest, ActionsOnTheWidgetsRaiseTheModelsEvents) {
-    Despues([&] {
+    AlAparecer([&] {
         platform::VentanaQt* v = VentanaActiva();
         QTest::keyClick(Widget<QComboBox>(v, "cmbForma"), Qt::Key_Down);
         EXPECT_EQ(dlg.cmbForma->ListIndex(), 1);
@@ -339,12 +338,12 @@ TEST_F(VentanaQtTest, ActionsOnTheWidgetsRaiseTheModelsEvents) {
 }
 
 TEST_F(VentanaQtTest, EnterPressesTheDefaultButtonAndEscapeTheCancelButton) {
-    Despues([&] { QTest::keyClick(Widget<QLineEdit>(VentanaActiva(), "txtNombre"), Qt::Key_Return); });
+    AlAparecer([&] { QTest::keyClick(Widget<QLineEdit>(VentanaActiva(), "txtNombre"), Qt::Key_Return); });
     dlg.ShowModal();
     EXPECT_TRUE(dlg.Aceptado);
 
     dlg.Aceptado = false;
-    Despues([&] { QTest::keyClick(Widget<QLineEdit>(VentanaActiva(), "txtNombre"), Qt::Key_Escape); });
+    AlAparecer([&] { QTest::keyClick(Widget<QLineEdit>(VentanaActiva(), "txtNombre"), Qt::Key_Escape); });
     dlg.ShowModal();
     EXPECT_FALSE(dlg.Aceptado);
     EXPECT_EQ(dlg.eventos, (std::vector<std::string>{"btnAceptar.Click", "btnCancelar.Click"}));
@@ -352,7 +351,7 @@ TEST_F(VentanaQtTest, EnterPressesTheDefaultButtonAndEscapeTheCancelButton) {
 
 TEST_F(VentanaQtTest, ADisabledButtonIsNotPressedByItsKey) {
     dlg.btnAceptar->Enabled(false);
-    Despues([&] {
+    AlAparecer([&] {
         platform::VentanaQt* v = VentanaActiva();
         QTest::keyClick(Widget<QLineEdit>(v, "txtNombre"), Qt::Key_Return);
         EXPECT_TRUE(v->isVisible());
@@ -368,7 +367,7 @@ TEST_F(VentanaQtTest, FocusFollowsThePersonAndTheModel) {
     // The first field takes the focus when the window comes up.
     dlg.txtNombre->GotFocus = [&] { dlg.eventos.push_back("txtNombre.GotFocus"); };
     dlg.txtNombre->LostFocus = [&] { dlg.eventos.push_back("txtNombre.LostFocus"); };
-    Despues([&] {
+    AlAparecer([&] {
         platform::VentanaQt* v = VentanaActiva();
         v->activateWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(v));
@@ -409,7 +408,7 @@ TEST(VentanaQtCerrar, ClosingTheWindowAsksTheModelWhichMayKeepItOpen) {
     PlataformaQt qt;
     Vigilante vigilante;
     DlgTerco dlg;
-    Despues([&] {
+    AlAparecer([&] {
         platform::VentanaQt* v = VentanaActiva();
         v->close();
         EXPECT_TRUE(v->isVisible());
@@ -452,9 +451,9 @@ TEST(VentanaQtModal, AHandlerHidesItsDialogAndShowsItAgainInANewWindow) {
     Vigilante vigilante;
     DlgVueltas dlg;
     platform::VentanaQt* primera = nullptr;
-    Despues([&] {
+    AlAparecer([&] {
         primera = VentanaActiva();
-        Despues([&] {
+        AlAparecer([&] {
             platform::VentanaQt* segunda = VentanaActiva();
             ASSERT_NE(segunda, nullptr);
             EXPECT_NE(segunda, primera);
@@ -477,9 +476,9 @@ TEST(VentanaQtModal, ADialogShownFromAHandlerWaitsOverTheFirst) {
     DlgVueltas dlg;
     DlgPrueba encima;
     dlg.encima = &encima;
-    Despues([&] {
+    AlAparecer([&] {
         platform::VentanaQt* primera = VentanaActiva();
-        Despues([&, primera] {
+        AlAparecer([&, primera] {
             platform::VentanaQt* segunda = VentanaActiva();
             ASSERT_NE(segunda, primera);
             EXPECT_EQ(&segunda->Modelo(), &encima);
@@ -501,7 +500,7 @@ TEST(VentanaQtModal, AFaultInAHandlerEndsTheWaitAndComesOutOfShowModal) {
     PlataformaQt qt;
     Vigilante vigilante;
     DlgVueltas dlg;
-    Despues([&] { QTest::mouseClick(Widget<QPushButton>(VentanaActiva(), "btnFalla"), Qt::LeftButton); });
+    AlAparecer([&] { QTest::mouseClick(Widget<QPushButton>(VentanaActiva(), "btnFalla"), Qt::LeftButton); });
     try {
         dlg.ShowModal();
         ADD_FAILURE() << "the fault did not come out";
@@ -604,7 +603,7 @@ TEST(VentanaQtListas, MemoEditableComboAndListBoxesBothWays) {
     PlataformaQt qt;
     Vigilante vigilante;
     DlgListas dlg;
-    Despues([&] {
+    AlAparecer([&] {
         platform::VentanaQt* v = VentanaActiva();
         auto* notas = Widget<QPlainTextEdit>(v, "txtNotas");
         Teclear(notas, QStringLiteral("Entrega en almacén"));
@@ -671,7 +670,7 @@ TEST(VentanaQtDireccion, TheFieldsOfTheAddressFillTheModel) {
     PlataformaQt qt;
     Vigilante vigilante;
     DlgDomicilio dlg;
-    Despues([&] {
+    AlAparecer([&] {
         platform::VentanaQt* v = VentanaActiva();
         auto* caja = Widget<QGroupBox>(v, "eDir");
         EXPECT_EQ(caja->title(), "Domicilio del emisor");
