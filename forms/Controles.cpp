@@ -67,6 +67,13 @@ bool TextBox::Escribir(const std::string& texto) {
     return true;
 }
 
+bool TextBox::Pulsar() {
+    if (!Accesible()) return false;
+    SetFocus();
+    if (Click) Click();
+    return true;
+}
+
 Memo::Memo(Dialogo& dialogo, std::string nombre, std::string caption)
     : TextBox(dialogo, std::move(nombre), TipoControl::Memo, std::move(caption)) {}
 

@@ -49,8 +49,12 @@ public:
     // A person replacing the text by typing: the text is emptied and each
     // character goes through KeyPress. False when the field can't be typed in.
     bool Escribir(const std::string& texto);
+    // A person clicking the field: it takes the focus and Click runs (some
+    // path fields open their picker this way), when the field can be reached.
+    bool Pulsar();
 
     std::function<void()> Change;
+    std::function<void()> Click;
 
 protected:
     TextBox(Dialogo& dialogo, std::string nombre, TipoControl tipo, std::string caption);

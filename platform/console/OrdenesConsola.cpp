@@ -398,6 +398,9 @@ void Pulsar(Contexto& c, const Linea& linea) {
         if (Enfocar(c, *casilla)) casilla->Pulsar();
     } else if (auto* opcion = dynamic_cast<forms::OptionButton*>(control)) {
         if (Enfocar(c, *opcion)) opcion->Pulsar();
+    } else if (auto* texto = dynamic_cast<forms::TextBox*>(control)) {
+        // A click on a field: some fields open their picker this way.
+        texto->Pulsar();
     } else {
         Falla(c, Q(control->Nombre()) + " (" + NombreTipo(control->Tipo()) + ") no se pulsa.");
     }
@@ -451,7 +454,7 @@ const std::vector<Orden>& Ordenes() {
          "marca o desmarca una casilla, o la casilla de la fila N de una vista o lista;\n"
          "sin si ni no la cambia",
          Marcar},
-        {{"pulsar", "pulsa", "clic"}, "pulsar CONTROL", "pulsa un botón, una casilla o una opción", Pulsar},
+        {{"pulsar", "pulsa", "clic"}, "pulsar CONTROL", "pulsa un botón, una casilla, una opción o un campo", Pulsar},
         {{"doble", "dobleclic"}, "doble CONTROL N", "doble clic en la fila N de una vista", Doble},
         {{"pagina", "página", "pestaña"}, "pagina CONTROL N", "muestra la página N de unas pestañas", Pagina},
         {{"intro", "enter"}, "intro", "pulsa el botón predeterminado", Intro},

@@ -5,6 +5,7 @@
 #include <QDoubleSpinBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMouseEvent>
 #include <QPlainTextEdit>
 #include <QStackedWidget>
 
@@ -31,10 +32,27 @@ private:
     QLabel* widget_;
 };
 
+// A line that tells when a person clicks it: the model's Click of a text
+// field runs on a click (some path fields open their picker this way).
+class LineaPulsable : public QLineEdit {
+public:
+    explicit LineaPulsable(std::function<void()> alPulsar) : alPulsar_(std::move(alPulsar)) {}
+
+protected:
+    void mouseReleaseEvent(QMouseEvent* evento) override {
+        QLineEdit::mouseReleaseEvent(evento);
+        if (evento->button() == Qt::LeftButton && rect().contains(evento->position().toPoint())) alPulsar_();
+    }
+
+private:
+    std::function<void()> alPulsar_;
+};
+
 class Texto : public EnlaceControl {
 public:
     Texto(forms::TextBox& texto, VentanaQt& ventana)
-        : EnlaceControl(texto, ventana), texto_(texto), widget_(new QLineEdit) {
+        : EnlaceControl(texto, ventana), texto_(texto),
+          widget_(new LineaPulsable([this] { Accion([this] { texto_.Pulsar(); }); })) {
         Poner(widget_, true);
         Entrada(widget_);
         QObject::connect(widget_, &QLineEdit::textEdited, widget_, [this](const QString& escrito) {

@@ -97,18 +97,6 @@ TEST_F(DialogosReglasQt, SummaryBillingChosenOnTheWidgetsComesBackWithItsTexts) 
     qt.ui.MousePointer(host::Puntero::Normal);
 }
 
-TEST_F(DialogosReglasQt, ClosingTheSummaryBillingWindowGivesADetailedComprobante) {
-    AlAparecer([] {
-        platform::VentanaQt* v = VentanaActiva();
-        auto* resumido = Widget<QRadioButton>(v, "optResumido");
-        QTest::mouseClick(resumido, Qt::LeftButton, {}, QPoint(6, resumido->height() / 2));
-        v->close();
-    });
-    const auto conceptos = acc.FormaGenerarComprobanteHordana();
-    EXPECT_FALSE(conceptos->Resumido);
-    EXPECT_EQ(conceptos->ConceptoResumido, "");
-}
-
 TEST_F(DialogosReglasQt, TheProgressWindowShowsTheBarWithoutWaiting) {
     acc.ShowProgress("Timbrando la factura A-101", 30, "Timbrado", 0, 100);
     platform::VentanaQt* v = VentanaDeClase("frmPB");
@@ -142,23 +130,6 @@ TEST_F(DialogosReglasQt, TheMailAddressesAreGivenBackAsTyped) {
         QTest::mouseClick(Widget<QPushButton>(v, "btnOK"), Qt::LeftButton);
     });
     EXPECT_EQ(acc.getAddress("cliente@correo.mx"), "ventas@hordana.mx; pagos@hordana.mx");
-}
-
-TEST_F(DialogosReglasQt, CancellingTheSendingAsksAndGivesTheEmptyString) {
-    CajaVista primera;
-    CajaVista segunda;
-    AlAparecer([&] {
-        platform::VentanaQt* v = VentanaActiva();
-        auto* direccion = Widget<QLineEdit>(v, "Text");
-        ResponderCaja(primera, "No");
-        QTest::keyClick(direccion, Qt::Key_Escape);
-        EXPECT_TRUE(v->isVisible());
-        ResponderCaja(segunda, "Sí");
-        QTest::mouseClick(Widget<QPushButton>(v, "btnCancel"), Qt::LeftButton);
-    });
-    EXPECT_EQ(acc.getAddress("a@b.mx"), "");
-    EXPECT_EQ(primera.texto, "¿Está seguro que desea cancelar el envío?");
-    EXPECT_EQ(segunda.texto, "¿Está seguro que desea cancelar el envío?");
 }
 
 TEST_F(DialogosReglasQt, ThePaymentFormIsTheTextChosenInTheCombo) {

@@ -12,7 +12,9 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <map>
 #include <optional>
+#include <string>
 
 #include "forms/Controles.h"
 #include "forms/Dialogo.h"
@@ -33,38 +35,37 @@ protected:
 };
 
 TEST_F(QtUiTest, MessageBoxesShowTextIconTitleAndSpanishButtons) {
-    CajaVista vista;
-    ResponderCaja(vista, "Aceptar", "caja_critico");
-    EXPECT_EQ(qt.ui.MsgBox("Permiso denegado.", Botones::Aceptar, Icono::Critico, "Tiendaro"), Respuesta::Aceptar);
-    EXPECT_EQ(vista.titulo, "Tiendaro");
-    EXPECT_EQ(vista.texto, "Permiso denegado.");
-    EXPECT_EQ(vista.icono, QMessageBox::Critical);
-    EXPECT_EQ(vista.botones, QStringList{"Aceptar"});
-
-    vista = {};
-    ResponderCaja(vista, "No", "caja_pregunta");
-    EXPECT_EQ(qt.ui.MsgBox("¿Desea eliminar el certificado?", Botones::SiNo, Icono::Pregunta, ""), Respuesta::No);
-    EXPECT_EQ(vista.titulo, "Celdora") << "a box without a title shows the application's name";
-    EXPECT_EQ(vista.icono, QMessageBox::Question);
-    EXPECT_EQ(vista.botones, (QStringList{"No", "Sí"}));
-
-    vista = {};
-    ResponderCaja(vista, "Sí");
-    EXPECT_EQ(qt.ui.MsgBox("¿Guardar los cambios?", Botones::SiNoCancelar, Icono::Exclamacion, ""), Respuesta::Si);
-    EXPECT_EQ(vista.icono, QMessageBox::Warning);
-    EXPECT_EQ(vista.botones, (QStringList{"Cancelar", "No", "Sí"}));
-
-    vista = {};
-    ResponderCaja(vista, "Cancelar");
-    EXPECT_EQ(qt.ui.MsgBox("Se generará el informe.", Botones::AceptarCancelar, Icono::Informacion, "Informe"),
-              Respuesta::Cancelar);
-    EXPECT_EQ(vista.icono, QMessageBox::Information);
-    EXPECT_EQ(vista.botones, (QStringList{"Aceptar", "Cancelar"}));
-
-    vista = {};
-    ResponderCaja(vista, "Aceptar");
-    qt.ui.MsgBox("Sin icono", Botones::Aceptar, Icono::Ninguno, "");
-    EXPECT_EQ(vista.icono, QMessageBox::NoIcon);
+    struct Caso {
+        Botones botones;
+        Icono icono;
+        const char* titulo;
+        const char* pulsar;
+        Respuesta respuesta;
+        QMessageBox::Icon iconoQt;
+        QString tituloVisto;
+        QStringList botonesVistos;
+    };
+    // A box without a title shows the application's name.
+    const Caso casos[] = {
+        {Botones::Aceptar, Icono::Critico, "Tiendaro", "Aceptar", Respuesta::Aceptar, QMessageBox::Critical, "Tiendaro", {"Aceptar"}},
+        {Botones::SiNo, Icono::Pregunta, "", "No", Respuesta::No, QMessageBox::Question, "Celdora", {"No", "Sí"}},
+        {Botones::SiNoCancelar, Icono::Exclamacion, "", "Sí", Respuesta::Si, QMessageBox::Warning, "Celdora",
+         {"Cancelar", "No", "Sí"}},
+        {Botones::AceptarCancelar, Icono::Informacion, "Informe", "Cancelar", Respuesta::Cancelar,
+         QMessageBox::Information, "Informe", {"Aceptar", "Cancelar"}},
+        {Botones::Aceptar, Icono::Ninguno, "", "Aceptar", Respuesta::Aceptar, QMessageBox::NoIcon, "Celdora", {"Aceptar"}},
+    };
+    int n = 0;
+    for (const Caso& caso : casos) {
+        SCOPED_TRACE(caso.pulsar);
+        CajaVista vista;
+        ResponderCaja(vista, caso.pulsar, "caja_" + std::to_string(++n));
+        EXPECT_EQ(qt.ui.MsgBox("Permiso denegado.", caso.botones, caso.icono, caso.titulo), caso.respuesta);
+        EXPECT_EQ(vista.texto, "Permiso denegado.");
+        EXPECT_EQ(vista.icono, caso.iconoQt);
+        EXPECT_EQ(vista.titulo, caso.tituloVisto);
+        EXPECT_EQ(vista.botones, caso.botonesVistos);
+    }
 }
 
 TEST_F(QtUiTest, EscapeOnABoxAnswersItsLastButton) {
@@ -203,47 +204,52 @@ TEST_F(QtUiTest, APictureLoadedByItsContentsShowsInItsBox) {
     dlg.ShowModal();
 }
 
-// Sets an environment variable for a test and puts the former value back.
-class Variable {
+// Sets environment variables for a test and puts the former values back.
+class Variables {
 public:
-    Variable(const char* nombre, const char* valor) : nombre_(nombre) {
-        if (const char* antes = std::getenv(nombre)) antes_ = antes;
+    ~Variables() {
+        for (const auto& [nombre, antes] : antes_) {
+            if (antes) {
+                setenv(nombre.c_str(), antes->c_str(), 1);
+            } else {
+                unsetenv(nombre.c_str());
+            }
+        }
+    }
+    void Poner(const std::string& nombre, const char* valor) {
+        if (antes_.find(nombre) == antes_.end()) {
+            const char* antes = std::getenv(nombre.c_str());
+            antes_[nombre] = antes == nullptr ? std::nullopt : std::optional<std::string>(antes);
+        }
         if (valor == nullptr) {
-            unsetenv(nombre);
+            unsetenv(nombre.c_str());
         } else {
-            setenv(nombre, valor, 1);
+            setenv(nombre.c_str(), valor, 1);
         }
     }
-    ~Variable() {
-        if (antes_) {
-            setenv(nombre_, antes_->c_str(), 1);
-        } else {
-            unsetenv(nombre_);
-        }
-    }
-    Variable(const Variable&) = delete;
-    Variable& operator=(const Variable&) = delete;
 
 private:
-    const char* nombre_;
-    std::optional<std::string> antes_;
+    std::map<std::string, std::optional<std::string>> antes_;
 };
 
 TEST(HayPantalla, ANamedPlatformOrADisplayIsAScreen) {
-    Variable qpa("QT_QPA_PLATFORM", nullptr);
-    Variable x11("DISPLAY", "");
-    Variable wayland("WAYLAND_DISPLAY", nullptr);
-    EXPECT_FALSE(platform::HayPantalla());
-    {
-        Variable pantalla("DISPLAY", ":99");
-        EXPECT_TRUE(platform::HayPantalla());
+    struct Caso {
+        const char* qpa;
+        const char* display;
+        const char* wayland;
+        bool pantalla;
+    };
+    const Caso casos[] = {{nullptr, "", nullptr, false},
+                          {nullptr, ":99", nullptr, true},
+                          {nullptr, "", "wayland-0", true},
+                          {"offscreen", "", nullptr, true}};
+    Variables entorno;
+    for (const Caso& caso : casos) {
+        entorno.Poner("QT_QPA_PLATFORM", caso.qpa);
+        entorno.Poner("DISPLAY", caso.display);
+        entorno.Poner("WAYLAND_DISPLAY", caso.wayland);
+        EXPECT_EQ(platform::HayPantalla(), caso.pantalla) << caso.display << " " << (caso.wayland ? caso.wayland : "");
     }
-    {
-        Variable pantalla("WAYLAND_DISPLAY", "wayland-0");
-        EXPECT_TRUE(platform::HayPantalla());
-    }
-    Variable offscreen("QT_QPA_PLATFORM", "offscreen");
-    EXPECT_TRUE(platform::HayPantalla());
 }
 
 }  // namespace
