@@ -101,7 +101,7 @@ function(celdora_install_library target name)
   if(type STREQUAL "STATIC_LIBRARY" AND CMAKE_STRIP)
     install(CODE "
       if(CMAKE_INSTALL_DO_STRIP)
-        execute_process(COMMAND \"${CMAKE_STRIP}\" --strip-debug --enable-deterministic-archives
+        execute_process(COMMAND \"${CMAKE_STRIP}\" --strip-debug --remove-section=.comment --enable-deterministic-archives
           \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_LIBDIR}/$<TARGET_FILE_NAME:${target}>\"
           COMMAND_ERROR_IS_FATAL ANY)
       endif()" COMPONENT Development)
