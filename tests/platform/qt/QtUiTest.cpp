@@ -14,6 +14,8 @@
 #include <fstream>
 #include <map>
 #include <optional>
+#include <tuple>
+#include <vector>
 #include <string>
 
 #include "forms/Controles.h"
@@ -181,16 +183,15 @@ TEST_F(QtUiTest, APictureLoadedByItsContentsShowsInItsBox) {
     EXPECT_EQ(picture->Formato(), "png");
     EXPECT_EQ(qt.ui.LoadPicture(carpeta / "no-hay.bmp"), nullptr);
 
-    class DlgImagen : public forms::Dialogo {
-    public:
-        DlgImagen() : Dialogo("dlgImagen", "Código") { imgCBB = &Agregar<forms::PictureBox>("imgCBB"); }
-        forms::PictureBox* imgCBB;
+    struct DlgImagen : forms::Dialogo {
+        DlgImagen() : Dialogo("dlgImagen", "Código") {}
+        forms::PictureBox& imgCBB = Agregar<forms::PictureBox>("imgCBB");
     } dlg;
     AlAparecer([&] {
         platform::VentanaQt* v = VentanaActiva();
         auto* caja = Widget<QLabel>(v, "imgCBB");
         EXPECT_TRUE(caja->pixmap().isNull());
-        dlg.imgCBB->Picture(picture);
+        dlg.imgCBB.Picture(picture);
         EXPECT_EQ(caja->pixmap().size(), QSize(24, 16));
         Captura(v, "ventana_imagen");
         dlg.Hide();
@@ -198,52 +199,23 @@ TEST_F(QtUiTest, APictureLoadedByItsContentsShowsInItsBox) {
     dlg.ShowModal();
 }
 
-// Sets environment variables for a test and puts the former values back.
-class Variables {
-public:
-    ~Variables() {
-        for (const auto& [nombre, antes] : antes_) {
-            if (antes) {
-                setenv(nombre.c_str(), antes->c_str(), 1);
-            } else {
-                unsetenv(nombre.c_str());
-            }
-        }
-    }
-    void Poner(const std::string& nombre, const char* valor) {
-        if (antes_.find(nombre) == antes_.end()) {
-            const char* antes = std::getenv(nombre.c_str());
-            antes_[nombre] = antes == nullptr ? std::nullopt : std::optional<std::string>(antes);
-        }
-        if (valor == nullptr) {
-            unsetenv(nombre.c_str());
-        } else {
-            setenv(nombre.c_str(), valor, 1);
-        }
-    }
-
-private:
-    std::map<std::string, std::optional<std::string>> antes_;
-};
-
 TEST(HayPantalla, ANamedPlatformOrADisplayIsAScreen) {
-    struct Caso {
-        const char* qpa;
-        const char* display;
-        const char* wayland;
-        bool pantalla;
-    };
-    const Caso casos[] = {{nullptr, "", nullptr, false},
-                          {nullptr, ":99", nullptr, true},
-                          {nullptr, "", "wayland-0", true},
-                          {"offscreen", "", nullptr, true}};
-    Variables entorno;
-    for (const Caso& caso : casos) {
-        entorno.Poner("QT_QPA_PLATFORM", caso.qpa);
-        entorno.Poner("DISPLAY", caso.display);
-        entorno.Poner("WAYLAND_DISPLAY", caso.wayland);
-        EXPECT_EQ(platform::HayPantalla(), caso.pantalla) << caso.display << " " << (caso.wayland ? caso.wayland : "");
+    const char* nombres[] = {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY"};
+    std::map<std::string, std::optional<std::string>> antes;
+    for (const char* nombre : nombres) {
+        const char* valor = std::getenv(nombre);
+        antes[nombre] = valor == nullptr ? std::nullopt : std::optional<std::string>(valor);
     }
+    // platform, X display, Wayland display, and whether that is a screen
+    const std::vector<std::tuple<const char*, const char*, const char*, bool>> casos = {
+        {nullptr, "", nullptr, false}, {nullptr, ":99", nullptr, true},
+        {nullptr, "", "wayland-0", true}, {"offscreen", "", nullptr, true}};
+    for (const auto& [qpa, display, wayland, pantalla] : casos) {
+        const char* valores[] = {qpa, display, wayland};
+        for (int i = 0; i < 3; ++i) valores[i] == nullptr ? unsetenv(nombres[i]) : setenv(nombres[i], valores[i], 1);
+        EXPECT_EQ(platform::HayPantalla(), pantalla) << display << " " << (wayland ? wayland : "");
+    }
+    for (const auto& [nombre, valor] : antes) valor ? setenv(nombre.c_str(), valor->c_str(), 1) : unsetenv(nombre.c_str());
 }
 
 }  // namespace
