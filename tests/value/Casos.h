@@ -10,7 +10,7 @@
 #include <type_traits>
 #include <utility>
 
-#include "value/Fault.h"
+#include "tests/support/FallaDe.h"
 #include "value/Regional.h"
 
 namespace celdora::test {
@@ -20,14 +20,7 @@ const Regional kMonthFirst{'.', ',', DateOrder::MonthFirst};
 
 // The number of the fault that the call raises, 0 when it raises none.
 template <class Call>
-long FaultOf(Call&& call) {
-    try {
-        call();
-    } catch (const Fault& fault) {
-        return fault.number;
-    }
-    return 0;
-}
+long FaultOf(Call&& call) { return testing::FallaDe(std::forward<Call>(call)).number; }
 
 // Each input given to f gives its result.
 template <class In, class Out, class F>

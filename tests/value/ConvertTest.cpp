@@ -26,22 +26,19 @@ TEST(CLngTest, RoundsHalfToEvenAndOverflowsOnlyPastTheRangeAfterRounding) {
 }
 
 TEST(CDblTest, ReadsTextsUnderTheRegionalSeparators) {
-    {
-        ScopedRegional comma(kCommaDecimal);
-        // The point is a group separator there: the platform reads 15.
-        Casos<Variant, double>(CDbl, {{"1.234,5", 1234.5}, {"0,25", 0.25}, {"1.5", 15.0}, {",5", 0.5}});
-    }
     Casos<Variant, double>(CDbl, {{"0.25", 0.25}, {"1,234.5", 1234.5}, {".00", 0.0}, {"-.5", -0.5}, {"1.5D2", 150.0},
                                   {"$ 1,160.00", 1160.0}, {Variant(), 0.0}, {true, -1.0}, {Currency{12345}, 1.2345}});
     Fallas<Variant>(CDbl, {{"1.2.3", 13}, {"12abc", 13}, {"1e999", 6}, {Variant::Null(), 94}});
     Casos<std::string, bool>(IsNumericText, {{" 3.5 ", true}, {"", false}, {"3.5x", false}});
+    ScopedRegional comma(kCommaDecimal);
+    // The point is a group separator there: the platform reads 15.
+    Casos<Variant, double>(CDbl, {{"1.234,5", 1234.5}, {"0,25", 0.25}, {"1.5", 15.0}, {",5", 0.5}});
 }
 
 TEST(CBoolTest, NumbersAndWords) {
     Casos<Variant, bool>(CBool, {{0.0001, true}, {-1, true}, {0, false}, {Variant(), false}, {"TRUE", true},
                                  {" true ", true}, {"False", false}, {"2", true}, {"0.0", false}});
     Fallas<Variant>(CBool, {{"yes", 13}, {"", 13}, {Variant::Null(), 94}});
-    EXPECT_EQ(AutomationBool(true), -1);
 }
 
 TEST(CStrTest, NumbersAndOtherKinds) {
@@ -69,12 +66,9 @@ TEST(CStrTest, DatesInTheRegionalOrder) {
 }
 
 TEST(CDateTest, TextsUnderEachOrder) {
-    {
-        ScopedRegional dayFirst(Regional{});
-        // "5/13/2012" can only be month first, and is read so, as the platform does.
-        Casos<Variant, Date>(CDate, {{"5/3/2012", DateSerial(2012, 3, 5)}, {"13/5/2012", DateSerial(2012, 5, 13)},
-                                     {"5/13/2012", DateSerial(2012, 5, 13)}});
-    }
+    // "5/13/2012" can only be month first, and is read so, as the platform does.
+    Casos<Variant, Date>(CDate, {{"5/3/2012", DateSerial(2012, 3, 5)}, {"13/5/2012", DateSerial(2012, 5, 13)},
+                                 {"5/13/2012", DateSerial(2012, 5, 13)}});
     {
         ScopedRegional monthFirst(kMonthFirst);
         Casos<Variant, Date>(CDate, {{"5/3/2012", DateSerial(2012, 5, 3)}, {"13/5/2012", DateSerial(2012, 5, 13)}});

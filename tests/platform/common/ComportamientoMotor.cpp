@@ -4,7 +4,6 @@
 #include <regex>
 
 #include "platform/common/DataObjectsMotor.h"
-#include "platform/common/GlobalVarTabla.h"
 #include "value/Convert.h"
 #include "value/Date.h"
 #include "value/Text.h"
@@ -80,15 +79,6 @@ TEST_P(ComportamientoMotor, ValuesGoAndComeBackWithTheirKind) {
     EXPECT_EQ(Valor("SELECT uf_FechaAprobacion FROM " + folios + " WHERE Sys_PK=2"), Variant(DateSerial(2011, 3, 15)));
     EXPECT_EQ(Valor("SELECT Sys_PK FROM " + folios + " WHERE uf_FechaAprobacion='2012-03-05 07:08:09'"),
               Variant::Long(1));
-
-    // A text longer than its column is refused where the server is strict,
-    // and kept whole where the engine does not judge sizes.
-    const Fault largo = FallaDe([&] { Ejecutar("INSERT INTO " + folios + " (uf_Serie) VALUES (?)", {"12345678901"}); });
-    EXPECT_EQ(largo.number, ctx.rechazaTextoLargo ? 1406 : 0) << largo.description;  // ER_DATA_TOO_LONG
-    if (ctx.rechazaTextoLargo) {
-        EXPECT_NE(largo.description.find("Data too long"), std::string::npos);
-    }
-    EXPECT_EQ(Valor("SELECT COUNT(*) FROM " + folios), Variant::Long(ctx.rechazaTextoLargo ? 2 : 3));
 }
 
 TEST_P(ComportamientoMotor, LongTextsAndBinariesAreReadWhole) {
@@ -116,13 +106,10 @@ TEST_P(ComportamientoMotor, ColumnsTellTheirTableAndTablesTheirKey) {
         EXPECT_EQ(r.columnas[1].columnaBase, "uf_Serie");
     }
     EXPECT_EQ(r.columnas[2].tablaBase, "");
-    EXPECT_EQ(r.columnas[2].columnaBase, "");
 
     EXPECT_EQ(cnn->motor().ClavePrimaria(folios), std::vector<std::string>{"Sys_PK"});
-    EXPECT_TRUE(cnn->motor().ClavePrimaria("ut_NoExiste" + ctx.sufijo).empty());
     const Resultado cambio = Ejecutar("UPDATE " + folios + " SET uf_Serie='A'");
     EXPECT_FALSE(cambio.tieneFilas);
-    EXPECT_TRUE(cambio.columnas.empty());
 }
 
 TEST_P(ComportamientoMotor, AKeysetRecordsetUpdatesATextAndABinaryByTheRowsKey) {
@@ -132,9 +119,7 @@ TEST_P(ComportamientoMotor, AKeysetRecordsetUpdatesATextAndABinaryByTheRowsKey) 
     const Bytes imagen{0x89, 0x50, 0x00, 0x27, 0xFF};
     rs->Fields("uf_Serie").Value("Ñ'B");
     rs->Fields("UF_CBB").Value(imagen);
-    EXPECT_EQ(rs->Fields("uf_Serie").Value(), Variant("Ñ'B"));
     rs->Update();
-    EXPECT_EQ(rs->Fields("uf_CBB").Value(), Variant(imagen));
     // Writing the values the row already holds finds the row all the same.
     rs->Fields("uf_Serie").Value("Ñ'B");
     rs->Update();
@@ -165,16 +150,7 @@ TEST_P(ComportamientoMotor, AfectadasCountsTheRowsMatchedNotOnlyThoseChanged) {
     EXPECT_EQ(Ejecutar("UPDATE " + folios + " SET uf_Serie=? WHERE uf_Serie=?", {"A", "A"}).afectadas, 2);
     EXPECT_EQ(Ejecutar("UPDATE " + folios + " SET uf_Serie='B' WHERE Sys_PK=99").afectadas, 0);
     EXPECT_EQ(Ejecutar("DELETE FROM " + folios + " WHERE Sys_PK=99").afectadas, 0);
-
-    const Resultado crear = Ejecutar("CREATE TABLE ut_Otra" + ctx.sufijo + " (a INTEGER)");
-    EXPECT_FALSE(crear.tieneFilas);
-    EXPECT_EQ(crear.afectadas, 0);
-    Ejecutar("DROP TABLE ut_Otra" + ctx.sufijo);
     EXPECT_EQ(Ejecutar("DELETE FROM " + folios).afectadas, 2);
-
-    // Execute hands back a closed recordset for a statement without rows.
-    EXPECT_EQ(cnn->Execute("DELETE FROM " + folios)->State(), host::adStateClosed);
-    EXPECT_EQ(cnn->Execute("SELECT Sys_PK FROM " + folios)->State(), host::adStateOpen);
 }
 
 // The engine's transaction, and the host's data object over it, which
@@ -182,16 +158,13 @@ TEST_P(ComportamientoMotor, AfectadasCountsTheRowsMatchedNotOnlyThoseChanged) {
 TEST_P(ComportamientoMotor, RollbackLeavesNothingAndCommitIsSeenByOthersOnlyThen) {
     Motor& motor = cnn->motor();
     DataObjectsMotor datos(cnn);
-    EXPECT_EQ(datos.ADOCnn(), cnn);
     EXPECT_EQ(datos.ConfirmarTransaccion(0), Variant(false));
     EXPECT_EQ(datos.IniciarTransaccion(), Variant(true));
-    EXPECT_TRUE(motor.EnTransaccion());
     EXPECT_EQ(datos.IniciarTransaccion(), Variant(false));
     EXPECT_EQ(FallaDe([&] { motor.IniciarTransaccion(); }).number, ctx.transaccionDoble);
     Ejecutar("INSERT INTO " + folios + " (uf_Serie) VALUES ('A')");
     Ejecutar("UPDATE " + folios + " SET uf_Serie='B'");
     EXPECT_EQ(datos.RevertirTransaccion(0), Variant(true));
-    EXPECT_FALSE(motor.EnTransaccion());
     EXPECT_EQ(datos.RevertirTransaccion(0), Variant(false));
     EXPECT_EQ(Valor("SELECT COUNT(*) FROM " + folios), Variant::Long(0));
     EXPECT_EQ(FallaDe([&] { motor.ConfirmarTransaccion(); }).number, ctx.transaccionDoble);
@@ -202,7 +175,6 @@ TEST_P(ComportamientoMotor, RollbackLeavesNothingAndCommitIsSeenByOthersOnlyThen
     Ejecutar("INSERT INTO " + folios + " (uf_Serie) VALUES ('C')");
     EXPECT_EQ(cuentaDeOtra(), Variant::Long(0));
     EXPECT_EQ(datos.ConfirmarTransaccion(0), Variant(true));
-    EXPECT_EQ(datos.RevertirTransaccion(0), Variant(false));
     // Autocommit is back: this insert is seen by the other connection at once.
     Ejecutar("INSERT INTO " + folios + " (uf_Serie) VALUES ('D')");
     EXPECT_EQ(cuentaDeOtra(), Variant::Long(2));
@@ -226,7 +198,6 @@ TEST_P(ComportamientoMotor, ASecondStatementIsRefusedAndNothingRuns) {
     const Fault falla = FallaDe([&] { cnn->Execute("UPDATE " + folios + " SET uf_Serie='" + valor + "'"); });
     EXPECT_EQ(falla.number, ctx.sentenciaDoble);
     EXPECT_NE(falla.description.find(ctx.textoSentenciaDoble), std::string::npos) << falla.description;
-    EXPECT_EQ(FallaDe([&] { cnn->Execute("SELECT 1; DELETE FROM " + folios); }).number, ctx.sentenciaDoble);
     EXPECT_EQ(Valor("SELECT uf_Serie FROM " + folios), Variant("A;B"));
 
     // A semicolon in a literal, and ones and comments ending the statement, are fine.
@@ -248,7 +219,6 @@ TEST_P(ComportamientoMotor, TheRowWriterInsertsGivesTheNewKeyAndUpdatesByIt) {
     AgregarCampo(registro, "uf_FechaAprobacion", "Date", Variant(DateSerial(2011, 3, 15)));
     ASSERT_TRUE(registro.Guardar()) << registro.UltimoError();
     EXPECT_EQ(registro.Clave(), 2);
-    EXPECT_EQ(registro.Campos().Item("SYS_PK")->Valor(), Variant::Long(2));
     EXPECT_EQ(Columna("uf_NumAprobacion"), (std::vector<Variant>{Variant::Null(), Variant::Integer(9876)}));
     EXPECT_EQ(Columna("uf_Serie"), (std::vector<Variant>{"previo", "O'K"}));
 
@@ -278,9 +248,9 @@ TEST_P(ComportamientoMotor, FaultsCarryTheEnginesNumberAndMessage) {
     }
 }
 
-// The system tells the dialect by which probe answers, and writes isnull
-// with one argument for MySQL's.
-TEST_P(ComportamientoMotor, TheDialectProbesAndIsnull) {
+// The system tells the dialect by which probe answers (which isnull form
+// each engine takes is in tests/integration).
+TEST_P(ComportamientoMotor, TheDialectProbes) {
     const auto uuid = [&] { return CStr(cnn->Execute("Select UUID() as GUID;")->Fields("guid").Value()); };
     if (!ctx.uuid.empty()) {
         const std::string guid = uuid();
@@ -298,35 +268,6 @@ TEST_P(ComportamientoMotor, TheDialectProbesAndIsnull) {
         EXPECT_NE(falla.description.find(ctx.textoFuncionDesconocida), std::string::npos) << falla.description;
     }
     EXPECT_EQ(cnn->Execute("SELECT 2 AS n")->Fields("n").Value(), Variant::Long(2));
-    if (ctx.uuid.empty()) return;
-
-    Ejecutar("INSERT INTO " + folios + " (uf_Serie, uf_Notas) VALUES ('a', '<cfdi/>'), ('b', NULL)");
-    EXPECT_EQ(Valor("SELECT Count(Sys_PK) FROM " + folios + " WHERE (NOT isnull(uf_Notas))"), Variant::Long(1));
-    EXPECT_EQ(Valor("SELECT Count(*) FROM " + folios + " WHERE (ISNULL (uf_Notas) OR uf_Serie='z')"), Variant::Long(1));
-    const Fault dos = FallaDe([&] { Ejecutar("SELECT Count(*) FROM " + folios + " WHERE isnull(uf_Notas,'')=''"); });
-    EXPECT_EQ(dos.number, ctx.isnullDeDos);
-    EXPECT_NE(dos.description.find("isnull"), std::string::npos) << dos.description;
-}
-
-// Settings live in a table of fixed name, so only an engine whose runs do
-// not share a database keeps them here.
-TEST_P(ComportamientoMotor, CompanySettingsGoAndComeBackWithApostrophes) {
-    if (!ctx.sufijo.empty()) GTEST_SKIP() << "runs share this database, and gv_Configuracion has one name";
-    Ejecutar("DROP TABLE IF EXISTS gv_Configuracion");
-    GlobalVarTabla ajustes;
-    ajustes.Conectar(cnn);  // creates its table
-    EXPECT_TRUE(ajustes.GuardarTexto("NVCA102b", "Calle O'Donnell 12, Col. Centro"));
-    EXPECT_TRUE(ajustes.GuardarTexto("Clave'Rara", "Año"));
-    EXPECT_TRUE(ajustes.GuardarNumero("NVCA328x", 3));
-    EXPECT_TRUE(ajustes.GuardarNumero("nvca328X", 2));  // the same key: an update that matches its row
-    EXPECT_TRUE(ajustes.GuardarNumero("nvca328X", 2));  // and again with the value it holds
-
-    GlobalVarTabla leidos;
-    leidos.Conectar(ctx.abrir());
-    EXPECT_EQ(leidos.LeerTexto("nvca102B", ""), "Calle O'Donnell 12, Col. Centro");
-    EXPECT_EQ(leidos.LeerTexto("Clave'Rara", ""), "Año");
-    EXPECT_EQ(leidos.LeerNumero("NVCA328x", 0), 2.0);
-    EXPECT_EQ(Valor("SELECT Count(*) FROM gv_Configuracion"), Variant::Long(3));
 }
 
 }  // namespace

@@ -30,10 +30,8 @@ struct ContextoMotor {
     // SQLite's driver gives the alias of "column AS alias" as the base column,
     // so Update cannot use it.
     bool nombraLaColumnaDelAlias = true;
-    // MySQL's dialect: the probe "Select UUID()" answers with this pattern
-    // and isnull takes one argument only.
+    // MySQL's dialect: the probe "Select UUID()" answers with this pattern.
     std::string uuid;
-    long isnullDeDos = 0;                  // the fault of isnull with two arguments
     long funcionDesconocida = 1;           // the fault of NEWID() and cbool()
     std::string textoFuncionDesconocida = "no such function";
     long columnaDesconocida = 1;           // the fault of an unknown column
@@ -43,7 +41,6 @@ struct ContextoMotor {
     // A comment after the ending semicolon is taken; MariaDB's own client
     // refuses it.
     bool comentarioTrasElFin = true;
-    bool rechazaTextoLargo = false;        // a text over its VARCHAR is refused (1406), not kept
     long transaccionDoble = 3219;          // the fault of a second begin, or a commit without a begin
     long marcasDeMas = 3001;               // the fault of more values than "?" marks, and its text if fixed
     std::string textoMarcas;

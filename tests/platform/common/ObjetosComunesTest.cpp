@@ -25,7 +25,6 @@ TEST(GlobalVarTabla, ReadersGetTheirOwnDefaultsWithoutWritingAndAnUnopenedConnec
     ajustes.Conectar(base.cnn);
     EXPECT_EQ(base.Valor("SELECT Count(*) FROM gv_Configuracion"), Variant::Long(0));
     EXPECT_EQ(ajustes.LeerTexto("NVCA316x", "*"), "*");
-    EXPECT_EQ(ajustes.LeerTexto("NVCA316x", "Admin,Ventas"), "Admin,Ventas");
     EXPECT_EQ(ajustes.LeerNumero("NVCA300xa", 2), 2);
     for (const auto& sentencia : *base.sentencias) EXPECT_EQ(sentencia.find("INSERT"), std::string::npos) << sentencia;
 
@@ -35,7 +34,7 @@ TEST(GlobalVarTabla, ReadersGetTheirOwnDefaultsWithoutWritingAndAnUnopenedConnec
     EXPECT_EQ(ajustes.LeerTexto("NVCA101", "sin"), "sin");
     EXPECT_FALSE(ajustes.GuardarTexto("NVCA101", "x"));
     ajustes.Conectar(base.cnn);
-    EXPECT_EQ(ajustes.LeerTexto("NVCA101", "sin"), "AAA010101AAA");
+    EXPECT_EQ(ajustes.LeerTexto("nvca101", "sin"), "AAA010101AAA");  // a key in any capitals
 }
 
 class RecordsetClienteTest : public ::testing::Test {
@@ -59,24 +58,20 @@ TEST_F(RecordsetClienteTest, ExecuteGivesRowsByNameInAnyCaseOrByIndexAndAClosedR
     EXPECT_EQ(rs->Fields(0).Value(), Variant::Long(1));
     EXPECT_EQ(rs->Fields(1).Name(), "uf_Serie");
     EXPECT_EQ(FallaDe([&] { rs->Fields("uf_Nada"); }).number, 3265);
-    EXPECT_EQ(FallaDe([&] { rs->Fields(2); }).number, 3265);
 
     rs->movenext();
     EXPECT_FALSE(rs->Eof());
     EXPECT_TRUE(rs->Fields("uf_serie").Value().IsNull());
     rs->movenext();
     EXPECT_TRUE(rs->Eof());
-    EXPECT_FALSE(rs->Bof());
     EXPECT_EQ(FallaDe([&] { rs->movenext(); }).number, 3021);
 
     rs->Close();
     EXPECT_EQ(rs->State(), host::adStateClosed);
     EXPECT_EQ(FallaDe([&] { rs->Fields(0); }).number, 3704);
-    EXPECT_EQ(FallaDe([&] { rs->Close(); }).number, 3704);
 
     auto sinFilas = base.cnn->Execute("UPDATE ut_FoliosCBB SET uf_Serie='B' WHERE Sys_PK=1");
     EXPECT_EQ(sinFilas->State(), host::adStateClosed);
-    EXPECT_EQ(FallaDe([&] { sinFilas->Eof(); }).number, 3704);
     EXPECT_EQ(Serie1(), Variant("B"));
 }
 
@@ -91,8 +86,6 @@ TEST_F(RecordsetClienteTest, OpenWithoutArgumentsUsesItsConnectionAndSource) {
     EXPECT_EQ(rs->Fields("total").Value(), Variant::Long(2));
     EXPECT_EQ(FallaDe([&] { rs->Open(); }).number, 3705);
 
-    auto cerrada = std::make_shared<ConexionMotor>();
-    EXPECT_EQ(FallaDe([&] { cerrada->Execute("SELECT 1"); }).number, 3704);
     struct ConexionAjena : host::Connection {
         std::shared_ptr<host::Recordset> Execute(const std::string&) override { return nullptr; }
         int State() const override { return host::adStateOpen; }
@@ -104,7 +97,6 @@ TEST_F(RecordsetClienteTest, ChangesNeedAnUpdatableRecordsetWithTheKeyAndTableCo
     auto soloLectura =
         AbrirEditable("SELECT Sys_PK, uf_Serie FROM ut_FoliosCBB WHERE Sys_PK=1", base.cnn, host::adLockReadOnly);
     EXPECT_EQ(FallaDe([&] { soloLectura->Fields("uf_Serie").Value("Z"); }).number, 3251);
-    EXPECT_EQ(FallaDe([&] { soloLectura->Update(); }).number, 3251);
     auto ejecutado = base.cnn->Execute("SELECT Sys_PK, uf_Serie FROM ut_FoliosCBB");
     EXPECT_EQ(FallaDe([&] { ejecutado->Fields("uf_Serie").Value("Z"); }).number, 3251);
 
@@ -122,8 +114,8 @@ TEST_F(RecordsetClienteTest, ChangesNeedAnUpdatableRecordsetWithTheKeyAndTableCo
 class cRegistroMotorTest : public ::testing::Test {
 protected:
     pruebas::BaseEnMemoria base{R"(
-        CREATE TABLE ut_CFDInfo (Sys_PK INTEGER PRIMARY KEY AUTOINCREMENT,
-            uf_noCertificado VARCHAR(20) CHECK(length(uf_noCertificado)<=20), uf_Clave VARCHAR(4096));
+        CREATE TABLE ut_CFDInfo (Sys_PK INTEGER PRIMARY KEY AUTOINCREMENT, uf_noCertificado VARCHAR(20),
+            uf_Clave VARCHAR(4096));
         CREATE TABLE ut_FoliosCBB (Sys_PK INTEGER PRIMARY KEY AUTOINCREMENT, uf_Serie VARCHAR(10),
             uf_FolioInicial INTEGER, uf_BlockDoc SMALLINT, uf_FechaAprobacion DATETIME);
     )"};
@@ -137,20 +129,13 @@ protected:
     cRegistroMotor registro;
 };
 
-TEST_F(cRegistroMotorTest, TheDatabaseJudgesSizesButABlankRequiredFieldNeverReachesIt) {
+TEST_F(cRegistroMotorTest, ABlankRequiredFieldNeverReachesTheDatabase) {
     Preparar("ut_CFDInfo");
     AgregarCampo(registro, "uf_Clave", "String", "x");
     AgregarCampo(registro, "uf_noCertificado", "String", "   ", true);
     EXPECT_FALSE(registro.Guardar());
     EXPECT_EQ(registro.UltimoError(), "El campo uf_noCertificado es requerido.");
     EXPECT_TRUE(base.sentencias->empty());
-
-    registro.Campos().Item("uf_noCertificado")->Valor(std::string(21, '1'));
-    EXPECT_FALSE(registro.Guardar());
-    EXPECT_NE(registro.UltimoError().find("CHECK constraint failed"), std::string::npos) << registro.UltimoError();
-    EXPECT_EQ(base.Valor("SELECT Count(*) FROM ut_CFDInfo"), Variant::Long(0));
-    EXPECT_EQ(registro.Clave(), 0);
-    EXPECT_EQ(registro.Campos().Item(1)->Valor(), Variant::Long(0));
 }
 
 TEST_F(cRegistroMotorTest, ValuesAreConvertedByTipoAndEmptyTakesValorInicial) {
@@ -181,10 +166,8 @@ TEST_F(cRegistroMotorTest, FieldCollectionIsOneBasedWithKeysInAnyCase) {
     EXPECT_EQ(registro.Campos().Item(2), registro.Campos().Item("UF_SERIE"));
     EXPECT_EQ(FallaDe([&] { AgregarCampo(registro, "UF_serie", "String", "B"); }).number, 457);
     EXPECT_EQ(FallaDe([&] { registro.Campos().Item(3); }).number, 5);
-    EXPECT_EQ(FallaDe([&] { registro.Campos().Item("nada"); }).number, 5);
     registro.Nuevo();
     EXPECT_EQ(registro.Campos().Count(), 1);
-    EXPECT_EQ(registro.Campos().Item(1)->Tipo(), "Long");
 }
 
 StreamMemoria AbiertoBinario() {
@@ -197,32 +180,19 @@ StreamMemoria AbiertoBinario() {
 // The image of a CBB range is read from a file through one stream and
 // written out to a file through another (to a BLOB and back in between,
 // which the engines' suite covers).
-TEST(StreamMemoria, BytesRoundTripThroughFiles) {
-    testing::CarpetaTemporal carpeta;
-    const Bytes imagen{0x89, 'P', 'N', 'G', 0x00, 0x0D, 0x0A, 0xFF};
-    std::ofstream(carpeta / "origen.png", std::ios::binary).write(reinterpret_cast<const char*>(imagen.data()), 8);
-    StreamMemoria entrada = AbiertoBinario();
-    entrada.LoadFromFile(carpeta / "origen.png");
-    StreamMemoria salida = AbiertoBinario();
-    salida.Write(entrada.read());
-    salida.SaveToFile(carpeta / "tmpimage.jpg", host::adSaveCreateOverWrite);
-    salida.Close();
-    StreamMemoria releido = AbiertoBinario();
-    releido.LoadFromFile(carpeta / "tmpimage.jpg");
-    EXPECT_EQ(releido.read(), Variant(imagen));
-}
-
-TEST(StreamMemoria, SaveOptionsMissingFilesAndClosedStreams) {
+TEST(StreamMemoria, BytesRoundTripThroughFilesAndTheSaveOptions) {
     testing::CarpetaTemporal carpeta;
     StreamMemoria stream = AbiertoBinario();
     EXPECT_EQ(FallaDe([&] { stream.Write("texto"); }).number, 3001);
-    stream.Write(Variant(Bytes{1, 2, 3}));
+    stream.Write(Variant(Bytes{0x00, 0xFF, 0x0A}));
     const std::string ruta = carpeta / "x.bin";
     stream.SaveToFile(ruta, host::adSaveCreateNotExist);
     EXPECT_EQ(FallaDe([&] { stream.SaveToFile(ruta, host::adSaveCreateNotExist); }).number, 3004);
     stream.Write(Variant(Bytes{4}));
     stream.SaveToFile(ruta, host::adSaveCreateOverWrite);
-    EXPECT_EQ(std::filesystem::file_size(ruta), 4u);
+    StreamMemoria releido = AbiertoBinario();
+    releido.LoadFromFile(ruta);
+    EXPECT_EQ(releido.read(), Variant(Bytes{0x00, 0xFF, 0x0A, 4}));
     EXPECT_EQ(FallaDe([&] { stream.SaveToFile(carpeta / "no/x.bin", 2); }).number, 3004);
     EXPECT_EQ(FallaDe([&] { stream.LoadFromFile(carpeta / "nada.bin"); }).number, 3002);
     stream.Close();
