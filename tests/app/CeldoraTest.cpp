@@ -10,9 +10,7 @@
 #include <iterator>
 #include <string>
 
-#include "core/mdlMain.h"
 #include "tests/support/ConfiguracionPrivada.h"
-#include "tests/support/TestPlatform.h"
 
 namespace celdora {
 namespace {
@@ -55,24 +53,10 @@ protected:
     }
 
     // celdora with global options, --db on the demo, then the command.
-    Salida Celdora_(const std::string& opciones, const std::string& orden, const std::string& entrada = "") {
-        return Correr(std::string("'") + CELDORA_BIN + "' --db 'sqlite:" + db + "' " + opciones + " " + orden,
-                      entrada);
-    }
-    Salida Llamar(const std::string& orden, const std::string& entrada = "") {
-        return Celdora_("", "call " + orden, entrada);
+    Salida Celdora_(const std::string& orden, const std::string& entrada = "") {
+        return Correr(std::string("'") + CELDORA_BIN + "' --db 'sqlite:" + db + "' " + orden, entrada);
     }
 };
-
-TEST_F(Celdora, DecryptsWhatTheCipherEnciphered) {
-    std::string cifrado;
-    {
-        testing::TestPlatform plataforma;
-        cifrado = mdlMain::CifrarTexto("contraseña del correo");
-    }
-    ASSERT_FALSE(cifrado.empty());
-    EXPECT_EQ(Llamar("DecryptString '" + cifrado + "'").texto, "contraseña del correo\n");
-}
 
 // Each step runs celdora on the demo (unless it names another database with
 // --db) with its options and input, in order, as the company changes, and
@@ -92,53 +76,33 @@ TEST_F(Celdora, AnswersCallsAndListsMembersTellingUsageFromFaultsByTheExitCode) 
         Como como = Igual;
     } pasos[] = {
         {"call TipoComprobanteAGenerar", "", 0, "2\n"},
-        {"call ExisteCFD 1", "", 0, kSi},
-        {"call existecfd 14", "", 0, kNo},
         {"call isSet", "", 0, kSi},
-        {"call RegimenesFicalesCol", "", 0,
-         "2\tPersonas Morales con Fines no Lucrativos\t\n"
-         "1\tRégimen General de Ley Personas Morales\tTítulo II de la Ley del ISR\n"},
         {"--app Tienda call ApplicationName", "", 0, "Tienda\n"},
         {"call PosibleCancelar 1", "", 0,
          kNo + "LastErrorDescript: No se pude cancelar porque el comprobante digital ya ha sido incluido en el "
                "reporte mensual.\n"},
-        {"call CambiarEstadoEnBitacora 3 5", "", 0,
-         kNo + "LastErrorDescript: Etatus adminisitrativo incorrecto. Debe ser procesado o cancelado.\n"},
-        {"call CambiarEstadoEnBitacora 3 99", "", 0, kSi},
-        {"call ValorCampo 'SELECT uf_Datos FROM ut_CFDBitacora WHERE Sys_PK=5' uf_Datos", "", 0,
-         "|LOPJ7009128T5|A|3|201012345|03/11/2026 11:20:00|3480.00|480.00|0|I||||\n"},
         // Questions take the fixed answer, or the terminal's: the end of the
         // input answers No, and an answer that is neither asks again.
         {"--no call CancelarCFD 5", "", 0,
          "[Pregunta] ¿Está seguro que desea eliminar el elemento seleccionado?\n(s/n) No (respuesta fija)\n" + kNo},
-        {"call ExisteCFD 3", "", 0, kSi},
         {"call CancelarCFD 5", "", 0, "Sin entrada: No\n" + kNo, Contiene},
         {"--si call CancelarCFD 5", "", 0, "(s/n) Sí (respuesta fija)\n" + kSi, Contiene},
-        {"call ExisteCFD 3", "", 0, kNo},
         {"call CancelarCFD 8", "tal vez\\ns\\n", 0, "(s/n) (s/n) " + kSi, Contiene},
-        {"call ExisteCFD_CXC 1", "", 0, kNo},
-        {"call FolioAprobadoCBB 11", "", 0,
-         "[Exclamación] El Folio del documento no se encuentra dentro de un rango de folios válido para CBB\n" + kNo},
-        {"call FolioAprobadoCBB 9", "", 0, kSi},
         // A user in the groups given.
         {"--grupos 3,7 call PermitirAcceso NVCA316x @usuario", "", 0, kSi},
         {"--grupos 12 call PermitirAcceso NVCA316x @usuario", "", 0, "Tiendaro\n[Crítico] Permiso denegado.\n" + kNo},
-        {"--grupos 12 call PermitirAcceso NVCA316x @usuario 0", "", 0, kNo},
         {"call databasetype @conexion", "", 0, "", Contiene},
         {"members", "", 0, "cAcction: ", Empieza},
         {"members", "", 0, " miembros en 77 ranuras\n  1  propiedad                 ADOCnn : obj Connection\n", Contiene},
         {"members", "", 0,
          " 20  método                    CancelarCFD(pkCFD i32, boAsk bool = True, WithTrans bool = True) : bool\n",
          Contiene},
-        {"members", "", 0, " 44  propiedad de solo lectura TipoComprobanteAGenerar : enumTipoCFD\n", Contiene},
         {"members cregimenfical", "", 0,
          "cRegimenFical: 4 miembros en 4 ranuras\n  1  propiedad                 Sys_PK : i32\n  2  propiedad"
          "                 Regimen : str\n  3  propiedad                 Notas : str\n  4  método                   "
          " setInfo(lsyspk i32, sregimen str, snotas str)\n"},
-        {"members cFolioOrigen", "", 0, "  4  propiedad                 MontoFolioFiscalOrig : cur\n", Contiene},
         {"call ExisteCFD", "", 1, "Error 449 (Argument not optional)\n"},
         {"call ExisteCFD abc", "", 1, "Error 13 (Type mismatch)\n"},
-        {"call ExisteCFD 1 2", "", 1, "", Contiene},
         {"--db postgres://celdora@localhost/empresa call isSet", "", 2, "esquema de conexión no soportado: postgres",
          Contiene},
         {"--db mariadb://celdora@127.0.0.1:1/empresa call isSet", "", 1, "Error 2002", Contiene},
@@ -147,7 +111,7 @@ TEST_F(Celdora, AnswersCallsAndListsMembersTellingUsageFromFaultsByTheExitCode) 
     for (const auto& paso : pasos) {
         const Salida salida = paso.orden.rfind("--db ", 0) == 0
                                   ? Correr(std::string("'") + CELDORA_BIN + "' " + paso.orden)
-                                  : Celdora_("", paso.orden, paso.entrada);
+                                  : Celdora_(paso.orden, paso.entrada);
         EXPECT_EQ(salida.codigo, paso.codigo) << paso.orden << "\n" << salida.texto;
         const std::size_t donde = salida.texto.find(paso.salida);
         EXPECT_TRUE(paso.como == Igual     ? salida.texto == paso.salida
@@ -159,9 +123,8 @@ TEST_F(Celdora, AnswersCallsAndListsMembersTellingUsageFromFaultsByTheExitCode) 
     for (const std::string orden :
          {"call ExisteCDF 1", "--si --no call isSet", "--grupos 3,x call isSet", "llamar isSet", "members cNada",
           "informe", "informe imprimir", "informe generar --mes 11 --anio 2026",
-          "informe generar --mes 0 --anio 2026 --carpeta x", "informe generar --mes 1 --anio 1984 --carpeta x",
-          "informe ver --carpeta x", "informe ver --si"})
-        EXPECT_EQ(Celdora_("", orden).codigo, 2) << orden;
+          "informe generar --mes 0 --anio 2026 --carpeta x", "informe ver --carpeta x"})
+        EXPECT_EQ(Celdora_(orden).codigo, 2) << orden;
 }
 
 // --- The monthly report ------------------------------------------------------
@@ -171,7 +134,7 @@ TEST_F(Celdora, GeneratesAMonthlyReportIntoTheGivenFolderFollowingTheProgress) {
     fs::create_directories(salida);
 
     const Salida generar =
-        Celdora_("", "informe generar --mes 11 --anio 2026 --carpeta '" + salida.string() + "'");
+        Celdora_("informe generar --mes 11 --anio 2026 --carpeta '" + salida.string() + "'");
 
     EXPECT_EQ(generar.codigo, 0) << generar.texto;
     const fs::path archivo = salida / "1EKU9003173C9112026.txt";
@@ -198,37 +161,34 @@ TEST_F(Celdora, GeneratesAMonthlyReportIntoTheGivenFolderFollowingTheProgress) {
     // The browser opens with November selected; a script exports it and closes.
     const fs::path exportado = carpeta / "exportado";
     fs::create_directories(exportado);
-    const Salida ver = Celdora_("", "informe ver --anio 2026 --mes 11 --console",
+    const Salida ver = Celdora_("informe ver --anio 2026 --mes 11 --console",
                                 "pulsar btnExportar\\n" + exportado.string() + "\\ncerrar\\n");
     EXPECT_EQ(ver.codigo, 0) << ver.texto;
-    EXPECT_TRUE(Contiene(ver.texto, "Contenido del informe 1EKU9003173C9112026")) << ver.texto;
-    EXPECT_TRUE(Contiene(ver.texto, "Monto total: $ 6,032.")) << ver.texto;
     EXPECT_TRUE(Contiene(ver.texto, "[Información] Archivo guardado correctamente.")) << ver.texto;
     std::ifstream copia(exportado / "1EKU9003173C9112026.txt", std::ios::binary);
     EXPECT_EQ(std::string(std::istreambuf_iterator<char>(copia), {}), texto);
 }
 
-TEST_F(Celdora, AStoredMonthIsOverwrittenOnlyWhenTheQuestionIsAnsweredYes) {
+// A stored month is overwritten only on Yes; a report that cannot be written
+// is cancelled when the dialog comes back, and nothing is stored.
+TEST_F(Celdora, AStoredMonthIsOverwrittenOnlyOnYesAndAReportThatCannotBeWrittenIsCancelled) {
     const std::string opciones = "informe generar --mes 10 --anio 2026 --carpeta '" + carpeta.string() + "'";
-
-    const Salida no = Celdora_("", opciones);  // no input: the question is answered No
+    const Salida no = Celdora_(opciones);  // no input: the question is answered No
     EXPECT_EQ(no.codigo, 1) << no.texto;
     EXPECT_TRUE(Contiene(no.texto, "  Cancelar\nNo se generó el informe.\n")) << no.texto;
     EXPECT_FALSE(fs::exists(carpeta / "1EKU9003173C9102026.txt"));
-
-    const Salida si = Celdora_("", opciones + " --si");
+    const Salida si = Celdora_(opciones + " --si");
     EXPECT_EQ(si.codigo, 0) << si.texto;
     EXPECT_TRUE(Contiene(si.texto, "  Eliminando registro anterior...\n")) << si.texto;
     EXPECT_TRUE(fs::exists(carpeta / "1EKU9003173C9102026.txt"));
-}
 
-TEST_F(Celdora, AReportThatCannotBeWrittenIsCancelledWhenTheDialogComesBack) {
-    const Salida generar = Celdora_("", "informe generar --mes 12 --anio 2026 --carpeta '" + db + "'");
+    const Salida generar = Celdora_("informe generar --mes 12 --anio 2026 --carpeta '" + db + "'");
     EXPECT_EQ(generar.codigo, 1) << generar.texto;
     EXPECT_TRUE(Contiene(generar.texto, "[Exclamación] Error al guardar archivo " + db +
                                             "/1EKU9003173C9122026.txt\n[Informe mensual al SAT]\n  Cancelar\n"))
         << generar.texto;
-    EXPECT_EQ(Llamar("ValorCampo \"SELECT COUNT(*) AS n FROM ut_CFDInforme WHERE uf_Mes=12\" n").texto, "0\n");
+    EXPECT_EQ(Celdora_("call ValorCampo \"SELECT COUNT(*) AS n FROM ut_CFDInforme WHERE uf_Mes=12\" n").texto,
+              "0\n");
 }
 
 TEST(EjemploHost, BindsTheFacadeAndAsksTheDemoCompany) {

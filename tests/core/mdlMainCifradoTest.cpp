@@ -29,8 +29,7 @@ TEST_F(TextosProtegidos, EachCallEnciphersWithAFreshCipherUnderTheSystemsKeyAndD
     EXPECT_EQ(facade.DecryptString(cifrado), "Contraseña del certificado");
     ASSERT_EQ(cifrados.size(), 2u);
     EXPECT_NE(cifrados[0], cifrados[1]);
-    EXPECT_EQ(cifrados[0]->Parametros().Algoritmo(), 4);
-    EXPECT_EQ(cifrados[1]->Parametros().Algoritmo(), 4);
+    for (const auto& c : cifrados) EXPECT_EQ(c->Parametros().Algoritmo(), 4);
 
     // Stored texts open with the key alone, wherever they are read.
     platform::CifradoAes conLaClave;

