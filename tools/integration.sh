@@ -22,15 +22,8 @@ set -euo pipefail
 log() { echo "integration: $*"; }
 fail() { echo "integration: $*" >&2; exit 1; }
 
-repo_root="$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)"
-build_arg="${1:-build/ci}"
-# A build folder given relative to where the script was called from wins over
-# one relative to the repository.
-if [ -d "$build_arg" ]; then
-  build_dir="$(cd "$build_arg" && pwd)"
-else
-  build_dir="$repo_root/$build_arg"
-fi
+source "$(dirname "${BASH_SOURCE[0]}")/comun.sh"
+build_dir="$(carpeta_build "${1:-build/ci}")"
 cd "$repo_root"
 
 [ "$(id -u)" -eq 0 ] || fail "run as root: the script installs packages and runs the server as root"

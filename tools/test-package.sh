@@ -28,13 +28,9 @@ set -euo pipefail
 log() { echo "test-package: $*"; }
 fail() { echo "test-package: FAILED: $*" >&2; exit 1; }
 
-repo_root="$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)"
+source "$(dirname "${BASH_SOURCE[0]}")/comun.sh"
 build_arg="${1:-build/ci}"
-if [ -d "$build_arg" ]; then
-  build_dir="$(cd "$build_arg" && pwd)"
-else
-  build_dir="$repo_root/$build_arg"
-fi
+build_dir="$(carpeta_build "$build_arg")"
 cd "$repo_root"
 
 run_root=()
