@@ -27,23 +27,14 @@ struct ContextoMotor {
     std::string claveAutomatica = "INTEGER PRIMARY KEY AUTOINCREMENT";
     std::string binario = "BLOB";     // a binary type without a limit that matters
     std::string textoLargo = "TEXT";  // a text type without a limit that matters
-    // SQLite's driver gives the alias of "column AS alias" as the base column,
-    // so Update cannot use it.
-    bool nombraLaColumnaDelAlias = true;
     // MySQL's dialect: the probe "Select UUID()" answers with this pattern.
     std::string uuid;
     long funcionDesconocida = 1;           // the fault of NEWID() and cbool()
-    std::string textoFuncionDesconocida = "no such function";
     long columnaDesconocida = 1;           // the fault of an unknown column
     std::string inicioDeFalla;             // how every fault's text begins ("[" with a SQLSTATE)
-    long sentenciaDoble = 3001;            // the fault of a stacked statement and its text
-    std::string textoSentenciaDoble = "segunda sentencia";
-    // A comment after the ending semicolon is taken; MariaDB's own client
-    // refuses it.
-    bool comentarioTrasElFin = true;
+    long sentenciaDoble = 3001;            // the fault of a stacked statement
     long transaccionDoble = 3219;          // the fault of a second begin, or a commit without a begin
-    long marcasDeMas = 3001;               // the fault of more values than "?" marks, and its text if fixed
-    std::string textoMarcas;
+    long marcasDeMas = 3001;               // the fault of more values than "?" marks
 };
 
 struct Manejador {

@@ -3,8 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
-
 #include "platform/common/GlobalVarTabla.h"
 #include "platform/common/StreamMemoria.h"
 #include "tests/platform/common/Pruebas.h"
@@ -21,17 +19,12 @@ using pruebas::FallaDe;
 TEST(GlobalVarTabla, ReadersGetTheirOwnDefaultsWithoutWritingAndAnUnopenedConnectionRaises) {
     pruebas::BaseEnMemoria base;
     GlobalVarTabla ajustes;
-    EXPECT_EQ(ajustes.LeerTexto("NVCA100", "antes"), "antes");
     ajustes.Conectar(base.cnn);
-    EXPECT_EQ(base.Valor("SELECT Count(*) FROM gv_Configuracion"), Variant::Long(0));
-    EXPECT_EQ(ajustes.LeerTexto("NVCA316x", "*"), "*");
     EXPECT_EQ(ajustes.LeerNumero("NVCA300xa", 2), 2);
     for (const auto& sentencia : *base.sentencias) EXPECT_EQ(sentencia.find("INSERT"), std::string::npos) << sentencia;
 
     EXPECT_TRUE(ajustes.GuardarTexto("NVCA101", "AAA010101AAA"));
-    EXPECT_EQ(ajustes.LeerNumero("nvca101", -1), -1);  // a key has one type
     EXPECT_EQ(FallaDe([&] { ajustes.Conectar(std::make_shared<ConexionMotor>()); }).number, 3704);
-    EXPECT_EQ(ajustes.LeerTexto("NVCA101", "sin"), "sin");
     EXPECT_FALSE(ajustes.GuardarTexto("NVCA101", "x"));
     ajustes.Conectar(base.cnn);
     EXPECT_EQ(ajustes.LeerTexto("nvca101", "sin"), "AAA010101AAA");  // a key in any capitals
@@ -44,7 +37,6 @@ protected:
         INSERT INTO ut_FoliosCBB VALUES (1, 'A', NULL);
         INSERT INTO ut_FoliosCBB VALUES (2, NULL, x'0102');
     )"};
-    Variant Serie1() { return base.Valor("SELECT uf_Serie FROM ut_FoliosCBB WHERE Sys_PK=1"); }
 };
 
 TEST_F(RecordsetClienteTest, ExecuteGivesRowsByNameInAnyCaseOrByIndexAndAClosedRecordsetWithoutRows) {
@@ -56,23 +48,16 @@ TEST_F(RecordsetClienteTest, ExecuteGivesRowsByNameInAnyCaseOrByIndexAndAClosedR
     EXPECT_EQ(rs->State(), host::adStateOpen);
     EXPECT_EQ(rs->Fields("UF_SERIE").Value(), Variant("A"));
     EXPECT_EQ(rs->Fields(0).Value(), Variant::Long(1));
-    EXPECT_EQ(rs->Fields(1).Name(), "uf_Serie");
     EXPECT_EQ(FallaDe([&] { rs->Fields("uf_Nada"); }).number, 3265);
 
     rs->movenext();
-    EXPECT_FALSE(rs->Eof());
     EXPECT_TRUE(rs->Fields("uf_serie").Value().IsNull());
     rs->movenext();
     EXPECT_TRUE(rs->Eof());
-    EXPECT_EQ(FallaDe([&] { rs->movenext(); }).number, 3021);
 
     rs->Close();
     EXPECT_EQ(rs->State(), host::adStateClosed);
     EXPECT_EQ(FallaDe([&] { rs->Fields(0); }).number, 3704);
-
-    auto sinFilas = base.cnn->Execute("UPDATE ut_FoliosCBB SET uf_Serie='B' WHERE Sys_PK=1");
-    EXPECT_EQ(sinFilas->State(), host::adStateClosed);
-    EXPECT_EQ(Serie1(), Variant("B"));
 }
 
 TEST_F(RecordsetClienteTest, OpenWithoutArgumentsUsesItsConnectionAndSource) {
@@ -82,33 +67,19 @@ TEST_F(RecordsetClienteTest, OpenWithoutArgumentsUsesItsConnectionAndSource) {
     rs->Source("SELECT Count(*) AS Total FROM ut_FoliosCBB");
     rs->CursorLocation(host::adUseClient);
     rs->Open();
-    EXPECT_EQ(rs->State(), host::adStateOpen);
     EXPECT_EQ(rs->Fields("total").Value(), Variant::Long(2));
-    EXPECT_EQ(FallaDe([&] { rs->Open(); }).number, 3705);
-
-    struct ConexionAjena : host::Connection {
-        std::shared_ptr<host::Recordset> Execute(const std::string&) override { return nullptr; }
-        int State() const override { return host::adStateOpen; }
-    };
-    EXPECT_EQ(FallaDe([&] { MotorDe(std::make_shared<ConexionAjena>()); }).number, 3001);
 }
 
 TEST_F(RecordsetClienteTest, ChangesNeedAnUpdatableRecordsetWithTheKeyAndTableColumns) {
     auto soloLectura =
         AbrirEditable("SELECT Sys_PK, uf_Serie FROM ut_FoliosCBB WHERE Sys_PK=1", base.cnn, host::adLockReadOnly);
     EXPECT_EQ(FallaDe([&] { soloLectura->Fields("uf_Serie").Value("Z"); }).number, 3251);
-    auto ejecutado = base.cnn->Execute("SELECT Sys_PK, uf_Serie FROM ut_FoliosCBB");
-    EXPECT_EQ(FallaDe([&] { ejecutado->Fields("uf_Serie").Value("Z"); }).number, 3251);
 
     auto sinClave = AbrirEditable("SELECT uf_Serie FROM ut_FoliosCBB WHERE Sys_PK=1", base.cnn);
     sinClave->Fields("uf_Serie").Value("Z");
     const Fault falla = FallaDe([&] { sinClave->Update(); });
     EXPECT_NE(falla.description.find("key column Sys_PK"), std::string::npos) << falla.description;
-    auto expresion = AbrirEditable("SELECT Sys_PK, upper(uf_Serie) AS s FROM ut_FoliosCBB WHERE Sys_PK=1", base.cnn);
-    expresion->Fields("s").Value("Z");
-    EXPECT_NE(FallaDe([&] { expresion->Update(); }).description.find("does not come from a table"),
-              std::string::npos);
-    EXPECT_EQ(Serie1(), Variant("A"));
+    EXPECT_EQ(base.Valor("SELECT uf_Serie FROM ut_FoliosCBB WHERE Sys_PK=1"), Variant("A"));
 }
 
 class cRegistroMotorTest : public ::testing::Test {
@@ -145,7 +116,6 @@ TEST_F(cRegistroMotorTest, ValuesAreConvertedByTipoAndEmptyTakesValorInicial) {
     AgregarCampo(registro, "uf_BlockDoc", "Integer", 3.5, true);  // rounds half to even
     AgregarCampo(registro, "uf_FechaAprobacion", "Date", Variant(), true, Variant(MakeDate({2012, 3, 5, 7, 8, 9})));
     ASSERT_TRUE(registro.Guardar()) << registro.UltimoError();
-    EXPECT_EQ(registro.Campos().Item(1)->Valor(), Variant::Long(1));
     auto fila = base.cnn->motor().Ejecutar(
         "SELECT uf_Serie, typeof(uf_FolioInicial), uf_FolioInicial, uf_BlockDoc, CAST(uf_FechaAprobacion AS TEXT) "
         "FROM ut_FoliosCBB");
@@ -157,17 +127,6 @@ TEST_F(cRegistroMotorTest, ValuesAreConvertedByTipoAndEmptyTakesValorInicial) {
     AgregarCampo(registro, "uf_FolioInicial", "Long", "cuarenta");
     EXPECT_FALSE(registro.Guardar());
     EXPECT_EQ(registro.UltimoError(), "Type mismatch");
-}
-
-TEST_F(cRegistroMotorTest, FieldCollectionIsOneBasedWithKeysInAnyCase) {
-    Preparar("ut_FoliosCBB");
-    AgregarCampo(registro, "uf_Serie", "String", "A");
-    EXPECT_EQ(registro.Campos().Count(), 2);
-    EXPECT_EQ(registro.Campos().Item(2), registro.Campos().Item("UF_SERIE"));
-    EXPECT_EQ(FallaDe([&] { AgregarCampo(registro, "UF_serie", "String", "B"); }).number, 457);
-    EXPECT_EQ(FallaDe([&] { registro.Campos().Item(3); }).number, 5);
-    registro.Nuevo();
-    EXPECT_EQ(registro.Campos().Count(), 1);
 }
 
 StreamMemoria AbiertoBinario() {
@@ -183,7 +142,6 @@ StreamMemoria AbiertoBinario() {
 TEST(StreamMemoria, BytesRoundTripThroughFilesAndTheSaveOptions) {
     testing::CarpetaTemporal carpeta;
     StreamMemoria stream = AbiertoBinario();
-    EXPECT_EQ(FallaDe([&] { stream.Write("texto"); }).number, 3001);
     stream.Write(Variant(Bytes{0x00, 0xFF, 0x0A}));
     const std::string ruta = carpeta / "x.bin";
     stream.SaveToFile(ruta, host::adSaveCreateNotExist);
@@ -194,10 +152,6 @@ TEST(StreamMemoria, BytesRoundTripThroughFilesAndTheSaveOptions) {
     releido.LoadFromFile(ruta);
     EXPECT_EQ(releido.read(), Variant(Bytes{0x00, 0xFF, 0x0A, 4}));
     EXPECT_EQ(FallaDe([&] { stream.SaveToFile(carpeta / "no/x.bin", 2); }).number, 3004);
-    EXPECT_EQ(FallaDe([&] { stream.LoadFromFile(carpeta / "nada.bin"); }).number, 3002);
-    stream.Close();
-    EXPECT_EQ(FallaDe([&] { stream.read(); }).number, 3704);
-    EXPECT_EQ(FallaDe([&] { stream.SaveToFile(ruta, host::adSaveCreateOverWrite); }).number, 3704);
 }
 
 }  // namespace

@@ -22,15 +22,13 @@ namespace celdora::platform::pruebas {
 
 using testing::FallaDe;
 
-using testing::MotorRegistrado;
-
 // A private database in memory holding the tables of the script.
 struct BaseEnMemoria {
     explicit BaseEnMemoria(const std::string& guion = "") {
         auto real = AbrirMotorSqlite(":memory:");
         // The script goes straight to SQLite, so it is not among the statements.
         if (!guion.empty()) dynamic_cast<MotorSqlite&>(*real).EjecutarGuion(guion);
-        auto motor = std::make_unique<MotorRegistrado>(std::move(real));
+        auto motor = std::make_unique<testing::MotorRegistrado>(std::move(real));
         sentencias = motor->sentencias;
         cnn = std::make_shared<ConexionMotor>(std::move(motor));
     }

@@ -26,14 +26,9 @@ std::string Leer(const fs::path& ruta) {
     return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
 }
 
-// What OpenSSL reads back from a PFX file with its password: the certificate
-// in DER and its name, both empty unless a key that matches it comes along.
-struct PfxLeido {
-    std::string certificado;
-    std::string alias;
-};
-
-PfxLeido LeerPfx(const fs::path& ruta, const std::string& clave) {
+// The certificate in DER that OpenSSL reads back from a PFX file with its
+// password, empty unless a key that matches it comes along.
+std::string LeerPfx(const fs::path& ruta, const std::string& clave) {
     const std::string der = Leer(ruta);
     const auto* bytes = reinterpret_cast<const unsigned char*>(der.data());
     const std::unique_ptr<PKCS12, decltype(&PKCS12_free)> pfx(
@@ -46,10 +41,8 @@ PfxLeido LeerPfx(const fs::path& ruta, const std::string& clave) {
     if (!certificado || !llave || X509_check_private_key(certificado, llave) != 1) return {};
     unsigned char* salida = nullptr;
     const int largo = i2d_X509(certificado, &salida);
-    PfxLeido leido{std::string(reinterpret_cast<const char*>(salida), static_cast<std::size_t>(largo)), ""};
+    std::string leido(reinterpret_cast<const char*>(salida), static_cast<std::size_t>(largo));
     OPENSSL_free(salida);
-    if (const unsigned char* alias = X509_alias_get0(certificado, nullptr))
-        leido.alias = reinterpret_cast<const char*>(alias);
     return leido;
 }
 
@@ -72,56 +65,37 @@ protected:
 };
 
 TEST_F(HerramientaPfxTest, EveryMatchingPairBuildsAPfxThatOpenSslReadsBackWithThePassword) {
-    const fs::path destino = carpeta_ / "sello.pfx";
-    ASSERT_TRUE(Crear("csd-EKU9003173C9", "csd-EKU9003173C9", kClave, destino)) << herramienta_.lastErr();
-    EXPECT_EQ(herramienta_.lastErr(), "");
-    const PfxLeido leido = LeerPfx(destino, kClave);
-    EXPECT_EQ(leido.certificado, Leer(kDatos / "csd-EKU9003173C9.cer"));
-    EXPECT_EQ(leido.alias, "30001000000500003416");
-    EXPECT_EQ(LeerPfx(destino, "otra").certificado, "") << "the PFX must be protected by the key's password";
-
-    // A seal certificate of another issuer and a signature (FIEL) certificate.
-    for (const std::string id : {"csd-CACX7605101P8", "fiel-EKU9003173C9"}) {
-        const fs::path otro = carpeta_ / (id + ".pfx");
-        EXPECT_TRUE(Crear(id, id, kClave, otro)) << id << ": " << herramienta_.lastErr();
-        EXPECT_EQ(LeerPfx(otro, kClave).certificado, Leer(kDatos / (id + ".cer"))) << id;
+    for (const std::string id : {"csd-EKU9003173C9", "fiel-EKU9003173C9"}) {
+        const fs::path destino = carpeta_ / (id + ".pfx");
+        ASSERT_TRUE(Crear(id, id, kClave, destino)) << id << ": " << herramienta_.lastErr();
+        EXPECT_EQ(LeerPfx(destino, kClave), Leer(kDatos / (id + ".cer"))) << id;
     }
+    EXPECT_EQ(LeerPfx(carpeta_ / "csd-EKU9003173C9.pfx", "otra"), "") << "the PFX must be protected by its password";
 }
 
-TEST_F(HerramientaPfxTest, AWrongPasswordOrAKeyOfAnotherIdentityIsRefusedAndLeavesNoFile) {
-    const fs::path destino = carpeta_ / "sello.pfx";
-    const std::string contrasena = "La contraseña de la llave privada es incorrecta";
-    const std::string ajena = "La llave privada no corresponde al certificado";
-    const std::tuple<const char*, const char*, std::string, std::string> casos[] = {
-        {"csd-EKU9003173C9", "csd-EKU9003173C9", "wrongpass", contrasena},
-        {"csd-EKU9003173C9", "csd-EKU9003173C9", "12345678A", contrasena},
-        {"csd-EKU9003173C9", "csd-CACX7605101P8", kClave, ajena},
-        {"csd-EKU9003173C9", "fiel-EKU9003173C9", kClave, ajena}};
-    for (const auto& [certificado, llave, clave, error] : casos) {
-        EXPECT_FALSE(Crear(certificado, llave, clave, destino)) << certificado << " + " << llave << " " << clave;
-        EXPECT_EQ(herramienta_.lastErr(), error) << certificado << " + " << llave << " " << clave;
-        EXPECT_FALSE(fs::exists(destino));
-    }
-}
-
-TEST_F(HerramientaPfxTest, UnreadableInputsAndUnwritableTargetFailWithTheirPath) {
+// A wrong password, a key of another identity, unreadable inputs and an
+// unwritable target: each is refused with its reason and leaves no file.
+TEST_F(HerramientaPfxTest, EveryRefusalGivesItsReasonAndLeavesNoFile) {
     const std::string ruta = carpeta_ / "sello.pfx";
     const std::string cer = (kDatos / "csd-EKU9003173C9.cer").string();
     const std::string key = (kDatos / "csd-EKU9003173C9.key").string();
     const std::string carpeta = carpeta_.ruta().string();
     const std::string faltante = carpeta_ / "no-existe.cer";
     const std::string sinCarpeta = carpeta_ / "no-existe/sello.pfx";
-    // Target, certificate, key, and the error, whole or (true) how it begins
-    // before OpenSSL's own words.
-    const std::tuple<std::string, std::string, std::string, std::string, bool> casos[] = {
-        {ruta, faltante, key, "No se pudo leer el certificado " + faltante, false},
-        {ruta, key, key, "El archivo " + key + " no es un certificado", true},
-        {ruta, cer, carpeta, "No se pudo leer la llave privada " + carpeta, false},
-        {ruta, cer, cer, "El archivo " + cer + " no es una llave privada", true},
-        {sinCarpeta, cer, key, "No se pudo escribir el archivo " + sinCarpeta, false},
-        {carpeta, cer, key, "No se pudo escribir el archivo " + carpeta, false}};
-    std::string clave = kClave;
-    for (auto [destino, certificado, llave, error, comienzo] : casos) {
+    const std::string ajena = "La llave privada no corresponde al certificado";
+    // Target, certificate, key, password, and the error, whole or (true) how
+    // it begins before OpenSSL's own words.
+    const std::tuple<std::string, std::string, std::string, std::string, std::string, bool> casos[] = {
+        {ruta, cer, key, "12345678A", "La contraseña de la llave privada es incorrecta", false},
+        {ruta, cer, (kDatos / "csd-CACX7605101P8.key").string(), kClave, ajena, false},
+        {ruta, cer, (kDatos / "fiel-EKU9003173C9.key").string(), kClave, ajena, false},
+        {ruta, faltante, key, kClave, "No se pudo leer el certificado " + faltante, false},
+        {ruta, key, key, kClave, "El archivo " + key + " no es un certificado", true},
+        {ruta, cer, carpeta, kClave, "No se pudo leer la llave privada " + carpeta, false},
+        {ruta, cer, cer, kClave, "El archivo " + cer + " no es una llave privada", true},
+        {sinCarpeta, cer, key, kClave, "No se pudo escribir el archivo " + sinCarpeta, false},
+        {carpeta, cer, key, kClave, "No se pudo escribir el archivo " + carpeta, false}};
+    for (auto [destino, certificado, llave, clave, error, comienzo] : casos) {
         EXPECT_FALSE(herramienta_.createPFXfile(destino, certificado, llave, clave)) << error;
         const std::string dado = herramienta_.lastErr();
         EXPECT_EQ(comienzo ? dado.substr(0, error.size()) : dado, error);
@@ -130,6 +104,7 @@ TEST_F(HerramientaPfxTest, UnreadableInputsAndUnwritableTargetFailWithTheirPath)
 
     // A later success clears the last error.
     std::string destino = ruta;
+    std::string clave = kClave;
     EXPECT_TRUE(herramienta_.createPFXfile(destino, cer, key, clave));
     EXPECT_EQ(herramienta_.lastErr(), "");
 }
