@@ -49,7 +49,6 @@ TEST_F(ConfiguracionLocal, EachReaderGivesItsTextOfTheApplicationsConfigSection)
     } casos[] = {
         {str, "Fe_Timbre001", "", "timbrado.cMain"},  // written FE_, read Fe_
         {str, "FE_Timbrar", "1", "1"}, {str, "FE_Timbrar", "2", "2"},  // no default is written back
-        {str, "FE_Timbrar", "", ""},
         {dbl, "Importe", "", "12.5"}, {dbl, "Texto", "3", ""}, {dbl, "Ausente", "", ""}, {dbl, "Ausente", "3.0", "3"},
         {boo, "Uno", "", "True"}, {boo, "Cero", "", "False"}, {boo, "MenosUno", "", "True"}, {boo, "Otra", "", ""},
         {boo, "Ausente", "", ""}, {boo, "Ausente", "false", "False"},

@@ -31,8 +31,6 @@ TEST_F(DataRoutines, AbrirConsultaGivesAnOpenRecordsetEvenWithoutRowsAndNoneInSi
                             "UPDATE ut_CFDInfo SET uf_PFX='' WHERE Sys_PK=7"})
         EXPECT_FALSE(mdlMain::AbrirConsulta(db.cnn, sql)) << sql;
     EXPECT_TRUE(platform.ui.Cajas().empty());
-    platform.Quitar(host::progid::Recordset);
-    EXPECT_FALSE(mdlMain::AbrirConsulta(db.cnn, "SELECT Sys_PK FROM ut_CFDInfo"));
 }
 
 // The named field or, with no name, the first; Empty for no rows, Null,
@@ -63,19 +61,6 @@ TEST_F(DataRoutines, ExisteRegistroAnswersTrueWhenItCannotTellWhereAbrirConsulta
     EXPECT_TRUE(mdlMain::ExisteRegistro(db.cnn, "no_such_table", 1, "Sys_PK"));
     db.cnn->Close();
     EXPECT_TRUE(mdlMain::ExisteRegistro(db.cnn, "ut_CFDInfo", 9, "Sys_PK"));
-}
-
-TEST_F(DataRoutines, TextoYNumeroCampoTurnNullIntoEmptyAndZero) {
-    db.Ejecutar("INSERT INTO ut_CFDFolio (Sys_PK, uf_Serie, uf_FolioInicial, uf_FolioFinal, uf_noAprobacion, "
-                "uf_anoAprobacion, uf_CFDInfo) VALUES (3, NULL, 1, 500, 12345, 2010, 7)");
-    auto rs = mdlMain::AbrirConsulta(db.cnn, "SELECT * FROM ut_CFDFolio WHERE Sys_PK=3");
-    ASSERT_TRUE(rs);
-    EXPECT_EQ(mdlMain::TextoCampo(*rs, "uf_Serie"), "");
-    EXPECT_EQ(mdlMain::NumeroCampo(*rs, "uf_CFDFolioAnterior"), 0.0);
-    EXPECT_EQ(mdlMain::NumeroCampo(*rs, "uf_noAprobacion"), 12345.0);
-    // Unlike the routines above these two let a fault through to their caller.
-    EXPECT_THROW(mdlMain::TextoCampo(*rs, "no_such_field"), Fault);
-    rs->Close();
 }
 
 }  // namespace

@@ -64,16 +64,12 @@ const std::vector<std::string>& Empresa::Tipos() {
 
 std::string Empresa::PorQueNoDisponible(const std::string& tipo) {
     const std::string comoSeDa = "; tools/integration.sh starts a throwaway MariaDB server and sets it";
-    if (tipo == "mariadb" && Variable(kVariableMariadb).empty())
+    if (tipo == "mariadb-odbc" && Variable(kVariableOdbc).empty())
+        return std::string(kVariableOdbc) + " is not set" + comoSeDa;
+    // The ODBC kind drops and creates its database through MariaDB's own
+    // client, which ODBC cannot do for a database it is not connected to.
+    if (tipo != "sqlite" && Variable(kVariableMariadb).empty())
         return std::string(kVariableMariadb) + " is not set" + comoSeDa;
-    if (tipo == "mariadb-odbc") {
-        // The database is dropped and created through MariaDB's own client,
-        // which ODBC cannot do for a database it is not connected to.
-        if (Variable(kVariableOdbc).empty()) return std::string(kVariableOdbc) + " is not set" + comoSeDa;
-        if (Variable(kVariableMariadb).empty())
-            return std::string(kVariableMariadb) + " is not set (the ODBC kind makes its database through it)" +
-                   comoSeDa;
-    }
     return "";
 }
 

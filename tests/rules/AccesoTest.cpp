@@ -18,14 +18,12 @@ TEST_F(Acceso, PermitirAccesoByTheListOfGroups) {
         int cargas;
         const char* titulo;
     } casos[] = {
-        {"7;12", true, true, true, 1, nullptr},  // the user's last group
         {"12;70; 3", true, true, true, 1, nullptr},  // the first group; a piece counts by its leading number
         {"12;70", true, true, false, 1, "Tiendaro"},
         {"7;12", false, true, false, 0, "Tiendaro"},
         {"   ", true, true, false, 0, ""},
         {" * ", true, true, true, 0, nullptr},
         {nullptr, true, true, true, 0, nullptr},
-        {"12;70", true, false, false, 1, nullptr},
         {"", true, false, false, 0, nullptr},
     };
     for (const auto& caso : casos) {
