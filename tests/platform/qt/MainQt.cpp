@@ -3,10 +3,8 @@
 
 #include <gtest/gtest.h>
 
-#include <QByteArray>
 #include <QFile>
 #include <QTemporaryDir>
-#include <QtGlobal>
 #include <memory>
 
 #include "platform/qt/AplicacionQt.h"

@@ -1,10 +1,7 @@
 #include "tests/platform/qt/PruebaQt.h"
 
-#include <gtest/gtest.h>
-
-#include <QDeadlineTimer>
 #include <QAbstractButton>
-#include <QDialog>
+#include <QDeadlineTimer>
 #include <QDir>
 #include <QPointer>
 #include <QLabel>
@@ -101,12 +98,13 @@ void ResponderSelector(std::optional<QString> ruta, std::function<void(QFileDial
 
 platform::VentanaQt* VentanaActiva() { return dynamic_cast<platform::VentanaQt*>(QApplication::activeModalWidget()); }
 
-platform::VentanaQt* VentanaDe(const forms::Dialogo& dialogo) {
+std::vector<platform::VentanaQt*> VentanasDe(const std::string& clase) {
+    std::vector<platform::VentanaQt*> ventanas;
     for (QWidget* widget : QApplication::topLevelWidgets()) {
         auto* ventana = dynamic_cast<platform::VentanaQt*>(widget);
-        if (ventana != nullptr && !ventana->Terminada() && &ventana->Modelo() == &dialogo) return ventana;
+        if (ventana != nullptr && !ventana->Terminada() && ventana->Modelo().Clase() == clase) ventanas.push_back(ventana);
     }
-    return nullptr;
+    return ventanas;
 }
 
 void Teclear(QWidget* widget, const QString& texto) {
@@ -146,7 +144,5 @@ Vigilante::Vigilante(int milisegundos) {
     });
     reloj_.start();
 }
-
-Vigilante::~Vigilante() = default;
 
 }  // namespace celdora::testing

@@ -11,15 +11,13 @@
 #include <QFileDialog>
 #include <QMessageBox>
 #include <QTimer>
-#include <QWidget>
 #include <functional>
-#include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "platform/desktop/PlataformaEscritorio.h"
 #include "platform/qt/QtUi.h"
-#include "platform/qt/TextoQt.h"
 #include "platform/qt/VentanaQt.h"
 #include "tests/support/FixedClock.h"
 
@@ -68,8 +66,8 @@ void ResponderSelector(std::optional<QString> ruta, std::function<void(QFileDial
 
 // The window of the dialog waiting modally now; null when none.
 platform::VentanaQt* VentanaActiva();
-// The window that draws this dialog without waiting; null when none is up.
-platform::VentanaQt* VentanaDe(const forms::Dialogo& dialogo);
+// The windows up and not done that draw a dialog of this class.
+std::vector<platform::VentanaQt*> VentanasDe(const std::string& clase);
 
 // A widget by the name of its control, failing the test when it is missing
 // or of another kind.
@@ -97,7 +95,6 @@ void Captura(QWidget* ventana, const std::string& nombre);
 class Vigilante {
 public:
     explicit Vigilante(int milisegundos = 8000);
-    ~Vigilante();
 
 private:
     QTimer reloj_;
