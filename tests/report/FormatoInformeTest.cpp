@@ -43,6 +43,7 @@ TEST(FormatearLinea, GivesTwelveTrimmedFieldsWithTheRangeAndAmountsAndTheInForce
          "|R|A|1|201012345|2026-11-03T11:20|1.00|1.00|1|I|p|d|a|"},
         // A short line gives empty fields, an overlong one loses its tail.
         {"|R|A", "|R|A||201012345|||||||||"},
+        {"sin barras", "||||201012345|||||||||"},
         {"|R|A|1||f|1|1|1|I|p|d|a|extra|mas|", "|R|A|1|201012345|f|1.00|1.00|1|I|p|d|a|"},
         {kCancelada, "|CIN960904FQ2|A|4|201012345|09/11/2026 17:45:00|986.00|136.00|0|I||||",
          "|CIN960904FQ2|A|4|201012345|09/11/2026 17:45:00|986.00|136.00|1|I||||"},
