@@ -33,7 +33,8 @@ TEST_P(ImagenCBB, AnImageFileComesBackFromItsRowByteForByte) {
     std::ofstream(wmf, std::ios::binary).write(reinterpret_cast<const char*>(kWmf.data()), kWmf.size());
     int pk = 2;
     for (const auto& [ruta, formato] : {std::pair{testing::kCbbJpeg, "jpeg"}, {testing::kCbbBmp, "bmp"}, {wmf, "wmf"}}) {
-        testing::Capturar(platform.ui, 6, 100.0 * ++pk, 100.0 * pk + 99, "", ruta);
+        ++pk;
+        testing::Capturar(platform.ui, 6, 100.0 * pk, 100.0 * pk + 99, "", ruta);
         ASSERT_TRUE(acc.AgregarFoliosCBB()) << ruta;
         EXPECT_EQ(empresa->Valor("SELECT uf_CBB FROM ut_FoliosCBB WHERE Sys_PK=" + std::to_string(pk)).AsBytes(),
                   testing::LeerBytes(ruta));
