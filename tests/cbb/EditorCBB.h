@@ -38,7 +38,8 @@ struct TemporalPrivado {
 // Cancel if it stays up.
 inline void Capturar(ScriptedUi& ui, int block, double inicial, double final, const std::string& serie = "",
                      const std::string& imagen = kCbbJpeg) {
-    ui.AlMostrar("dlgConfigFoliosCBB", [=, &ui](forms::Dialogo& d) {
+    if (!imagen.empty()) ui.Elegir(imagen);
+    ui.AlMostrar("dlgConfigFoliosCBB", [=](forms::Dialogo& d) {
         auto& dlg = Editor(d);
         dlg.eNumNAprobacion.Value(55);
         dlg.eDtFechaAprobacion.Value(DateSerial(2012, 5, 4));
@@ -47,10 +48,7 @@ inline void Capturar(ScriptedUi& ui, int block, double inicial, double final, co
         dlg.etxtSerie.Text(serie);
         for (int i = 0; i < dlg.cmbBlock.ListCount(); ++i)
             if (dlg.cmbBlock.ItemData(i) == block) dlg.cmbBlock.ListIndex(i);
-        if (!imagen.empty()) {
-            ui.Elegir(imagen);
-            dlg.txtCBB.Pulsar();
-        }
+        if (!imagen.empty()) dlg.txtCBB.Pulsar();
         dlg.btnOK.Pulsar();
         if (dlg.Visible()) dlg.btnCancel.Pulsar();
     });

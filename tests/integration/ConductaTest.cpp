@@ -32,6 +32,7 @@
 #include "platform/common/Usuario.h"
 #include "rules/cFolioOrigen.h"
 #include "rules/cRegimenFical.h"
+#include "tests/cbb/EditorCBB.h"
 #include "tests/integration/Conexiones.h"
 #include "tests/support/CarpetaTemporal.h"
 #include "tests/support/DataObjectsAnotados.h"
@@ -654,6 +655,22 @@ TEST_P(Conducta, ARegenerationWhoseFileCannotBeWrittenLeavesTheFormerReport) {
     EXPECT_EQ(empresa->Contar("ut_CFDBitacora WHERE uf_Reportado=1"), 2);
     EXPECT_EQ(empresa->Contar("ut_CFDBitacora WHERE uf_Reportado=1 AND Sys_PK IN (1,2)"), 2);
     mdlMain::SoltarObjetosCompartidos();
+}
+
+// A CBB range's code image, a JPEG and a BMP, saved from its file through the
+// editor and loaded back into it byte for byte.
+TEST_P(Conducta, ACBBImageFileComesBackFromItsRangesRowByteForByte) {
+    testing::TemporalPrivado temporal;
+    for (const auto& [pk, ruta] : {std::pair{3, testing::kCbbJpeg}, {4, testing::kCbbBmp}}) {
+        testing::Capturar(platform.ui, 6, 100.0 * pk, 100.0 * pk + 99, "", ruta);
+        ASSERT_TRUE(acc->AgregarFoliosCBB()) << ruta;
+        platform.ui.AlMostrar("dlgConfigFoliosCBB", [&](forms::Dialogo& d) {
+            EXPECT_EQ(testing::Editor(d).pctCBB.Picture()->Formato(), pk == 3 ? "jpeg" : "bmp");
+            testing::Editor(d).btnCancel.Pulsar();
+        });
+        EXPECT_FALSE(acc->ModificarFoliosCBB(pk));
+        EXPECT_EQ(testing::LeerBytes(temporal.carpeta / "tmpimage.jpg"), testing::LeerBytes(ruta));
+    }
 }
 
 std::string NombreDelTipo(const ::testing::TestParamInfo<std::string>& info) {
