@@ -3,6 +3,7 @@
 #include <functional>
 #include <map>
 
+#include "cbb/dlgConfigFoliosCBB.h"
 #include "core/cAcction.h"
 #include "report/dlgExportarInforme.h"
 #include "report/dlgInforme.h"
@@ -42,9 +43,19 @@ std::unique_ptr<forms::Dialogo> NavegadorDeInformes(cAcction& accion) {
     return dialogo;
 }
 
+// The CBB range editor as AgregarFoliosCBB opens it: a new range.
+std::unique_ptr<forms::Dialogo> RangoCBBNuevo(cAcction& accion) {
+    auto dialogo = std::make_unique<dlgConfigFoliosCBB>();
+    dialogo->SetDataObjects(accion);
+    dialogo->Load();
+    dialogo->btnQuitarIMG.Enabled(false);
+    return dialogo;
+}
+
 const std::map<std::string, Fabrica>& Fabricas() {
     static const std::map<std::string, Fabrica> fabricas = {
         {"dlgAddress", Simple<dlgAddress>()},
+        {"dlgConfigFoliosCBB", RangoCBBNuevo},
         {"dlgExportarInforme", NavegadorDeInformes},
         {"dlgFormaFacturacionHordana", Simple<dlgFormaFacturacionHordana>()},
         {"dlgFormaPago", Simple<dlgFormaPago>()},

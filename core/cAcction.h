@@ -134,6 +134,11 @@ public:
     void VerInformesMensuales(bool& permitirRegenerar, bool& PermitirEliminar);
     // End of the monthly report.
 
+    // CBB range editor (cbb/): a new range, or the stored range pk; true
+    // when the user confirmed.
+    bool AgregarFoliosCBB();
+    bool ModificarFoliosCBB(std::int32_t pk);
+
     // Private routines the rest of the system uses.
     std::int32_t EnteroCampo(host::Recordset& recordset, const std::string& campo);
     bool ProbarConsulta(const std::string& statement, const std::shared_ptr<host::Connection>& connection);

@@ -27,6 +27,7 @@
 #include "platform/common/Usuario.h"
 #include "rules/cFolioOrigen.h"
 #include "rules/cRegimenFical.h"
+#include "tests/cbb/EditorCBB.h"
 #include "tests/integration/Conexiones.h"
 #include "tests/support/CarpetaTemporal.h"
 #include "tests/support/DataObjectsAnotados.h"
@@ -300,6 +301,22 @@ TEST_P(Conducta, AMonthlyReportIsGeneratedAndDeletedInTransactionsOfItsOwn) {
     EXPECT_EQ(empresa->Contar("ut_CFDInforme WHERE uf_Mes=11 AND uf_Anio=2026"), 0);
     EXPECT_EQ(Reportados(), (PorClave{{1, "1"}, {2, "1"}, {3, "0"}, {4, "0"}, {5, "0"}, {6, "0"}, {7, "0"}, {8, "0"}}));
     EXPECT_EQ(dataObjects->llamadas, (Textos{"Iniciar", "Confirmar", "Iniciar", "Confirmar"}));
+}
+
+// A CBB range's code image, a JPEG and a BMP, saved from its file through the
+// editor and loaded back into it byte for byte.
+TEST_P(Conducta, ACBBImageFileComesBackFromItsRangesRowByteForByte) {
+    testing::TemporalPrivado temporal;
+    for (const auto& [pk, ruta] : {std::pair{3, testing::kCbbJpeg}, {4, testing::kCbbBmp}}) {
+        testing::Capturar(platform.ui, 6, 100.0 * pk, 100.0 * pk + 99, "", ruta);
+        ASSERT_TRUE(acc->AgregarFoliosCBB()) << ruta;
+        platform.ui.AlMostrar("dlgConfigFoliosCBB", [&](forms::Dialogo& d) {
+            EXPECT_EQ(testing::Editor(d).pctCBB.Picture()->Formato(), pk == 3 ? "jpeg" : "bmp");
+            testing::Editor(d).btnCancel.Pulsar();
+        });
+        EXPECT_FALSE(acc->ModificarFoliosCBB(pk));
+        EXPECT_EQ(testing::LeerBytes(temporal.carpeta / "tmpimage.jpg"), testing::LeerBytes(ruta));
+    }
 }
 
 std::string NombreDelTipo(const ::testing::TestParamInfo<std::string>& info) {

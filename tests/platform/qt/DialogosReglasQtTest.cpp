@@ -1,4 +1,4 @@
-// The first dialogs of the system opened through the facade's members and
+// The first dialogs of the system, and the CBB range editor, opened through the facade's members and
 // drawn by the Qt renderer: a person types and clicks on the real widgets,
 // and the member gives back what the dialog's model made of it.
 
@@ -16,8 +16,10 @@
 #include "core/cAcction.h"
 #include "core/mdlMain.h"
 #include "rules/cConceptoFacHordana.h"
+#include "tests/cbb/EditorCBB.h"
 #include "tests/platform/qt/PruebaQt.h"
 #include "tests/support/CarpetaTemporal.h"
+#include "tests/support/CompanyFixture.h"
 #include "value/Variant.h"
 
 namespace celdora::testing {
@@ -99,6 +101,22 @@ TEST_F(DialogosReglasQt, SaveAsGivesThePathChosenInThePicker) {
         Captura(selector, "frmSaveAs");
     });
     EXPECT_EQ(acc.ShowSaveAs("Comprobante XML|*.xml|Todos los archivos|*.*", "A-101.xml"), Variant(destino));
+}
+
+// The CBB range editor opened on a range whose code image is stored: the
+// picture box draws it.
+TEST_F(DialogosReglasQt, TheCBBEditorDrawsTheStoredImageOfItsRange) {
+    TemporalPrivado temporal;
+    CompanyDatabase db(CompanyDatabase::Datos::Demo);
+    db.cnn->motor().Ejecutar("UPDATE ut_FoliosCBB SET uf_CBB=? WHERE Sys_PK=1", {LeerBytes(kCbbJpeg)});
+    acc.SetDataObjects(db.dataObjects, nullptr);
+    AlAparecer([&] {
+        QLabel* imagen = Widget<QLabel>(VentanaActiva(), "pctCBB");
+        EXPECT_TRUE(imagen && Esperar([&] { return !imagen->pixmap().isNull(); }));
+        Captura(VentanaActiva(), "dlgConfigFoliosCBB");
+        QTest::mouseClick(Widget<QPushButton>(VentanaActiva(), "btnCancel"), Qt::LeftButton);
+    });
+    EXPECT_FALSE(acc.ModificarFoliosCBB(1));
 }
 
 }  // namespace
