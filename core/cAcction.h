@@ -134,6 +134,11 @@ public:
     void VerInformesMensuales(bool& permitirRegenerar, bool& PermitirEliminar);
     // End of the monthly report.
 
+    // Print formats (printformats/): the dialogs of the CFD and CBB families;
+    // true when the user accepted.
+    bool ConfigurarRepresentacionImpresa();
+    bool ConfigurarRepresentacionImpresaCBB();
+
     // Private routines the rest of the system uses.
     std::int32_t EnteroCampo(host::Recordset& recordset, const std::string& campo);
     bool ProbarConsulta(const std::string& statement, const std::shared_ptr<host::Connection>& connection);

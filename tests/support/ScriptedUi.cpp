@@ -42,7 +42,7 @@ std::optional<std::string> ScriptedUi::TomarRuta(const char* tipo, const host::F
         ruta = rutas_.front();
         rutas_.pop_front();
     }
-    selecciones_.push_back({tipo, request.filter, request.fileName, request.title, ruta});
+    selecciones_.push_back({tipo, request.filter, request.fileName, request.title, ruta, request.initDir});
     return ruta;
 }
 
@@ -55,7 +55,7 @@ std::optional<std::string> ScriptedUi::ShowSave(const host::FileDialogRequest& r
 }
 
 std::optional<std::string> ScriptedUi::BrowseForFolder(const std::string& title, const std::string& root) {
-    return TomarRuta("carpeta", {"", root, title});
+    return TomarRuta("carpeta", {"", root, title, ""});
 }
 
 void ScriptedUi::ClipboardClear() { portapapeles_.push_back(""); }

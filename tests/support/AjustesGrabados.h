@@ -1,0 +1,70 @@
+#pragma once
+
+// Settings stores that note every write, in order, as "KEY=VALUE", so that
+// a test can say which keys a dialog wrote, with what and in what order.
+// The company store keeps its values in memory; the machine's store passes
+// everything on to the real store it wraps.
+
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "host/Settings.h"
+#include "value/Convert.h"
+#include "value/Text.h"
+
+namespace celdora::testing {
+
+class GlobalVarGrabado : public host::GlobalVar {
+public:
+    std::vector<std::string> escrituras;
+    int conexiones = 0;  // how often the settings were loaded again
+
+    double LeerNumero(const std::string& key, double defaultValue) override {
+        auto valor = valores_.find(UCase(key));
+        return valor == valores_.end() ? defaultValue : CDbl(Variant(valor->second));
+    }
+    std::string LeerTexto(const std::string& key, const std::string& defaultValue) override {
+        auto valor = valores_.find(UCase(key));
+        return valor == valores_.end() ? defaultValue : valor->second;
+    }
+    void Conectar(std::shared_ptr<host::Connection>) override { ++conexiones; }
+    bool GuardarNumero(const std::string& key, double value) override {
+        return Guardar(key, CStr(Variant(value)));
+    }
+    bool GuardarTexto(const std::string& key, const std::string& value) override { return Guardar(key, value); }
+
+    // A value already stored, which is not noted as a write.
+    void Poner(const std::string& key, const std::string& value) { valores_[UCase(key)] = value; }
+
+private:
+    bool Guardar(const std::string& key, const std::string& value) {
+        escrituras.push_back(key + "=" + value);
+        valores_[UCase(key)] = value;
+        return true;
+    }
+    std::map<std::string, std::string> valores_;
+};
+
+class ConfigLocalGrabado : public host::cConfigLocal {
+public:
+    explicit ConfigLocalGrabado(std::shared_ptr<host::cConfigLocal> real) : real_(std::move(real)) {}
+
+    std::vector<std::string> escrituras;  // "KEY=VALUE" under any application and section
+
+    std::string ObtenerValor(const std::string& aplicacion, const std::string& seccion, const std::string& clave,
+                             const std::string& porDefecto) override {
+        return real_->ObtenerValor(aplicacion, seccion, clave, porDefecto);
+    }
+    void GuardarValor(const std::string& aplicacion, const std::string& seccion, const std::string& clave,
+                      const std::string& valor) override {
+        escrituras.push_back(aplicacion + "/" + seccion + "/" + clave + "=" + valor);
+        real_->GuardarValor(aplicacion, seccion, clave, valor);
+    }
+
+private:
+    std::shared_ptr<host::cConfigLocal> real_;
+};
+
+}  // namespace celdora::testing
