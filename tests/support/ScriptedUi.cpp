@@ -55,7 +55,7 @@ std::optional<std::string> ScriptedUi::ShowSave(const host::FileDialogRequest& r
 }
 
 std::optional<std::string> ScriptedUi::BrowseForFolder(const std::string& title, const std::string& root) {
-    return TomarRuta("carpeta", {"", root, title, ""});
+    return TomarRuta("carpeta", {"", root, title});
 }
 
 void ScriptedUi::ClipboardClear() { portapapeles_.push_back(""); }
