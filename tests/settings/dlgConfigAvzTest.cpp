@@ -1,71 +1,44 @@
-// The advanced options work on the values they share with the main
-// configuration dialog and write no key.
+// The advanced options change only the values they share with the main
+// configuration dialog; a typed "|" is refused, a pasted one kept.
 
 #include <gtest/gtest.h>
 
-#include "core/cAcction.h"
+#include <tuple>
+
 #include "settings/OpcionesAvanzadas.h"
 #include "settings/dlgConfigAvz.h"
-#include "tests/support/AjustesGrabados.h"
 #include "tests/support/TestPlatform.h"
 
 namespace celdora {
 namespace {
 
-class OpcionesAvanzadasTest : public ::testing::Test {
-protected:
+TEST(dlgConfigAvz, AcceptingKeepsTheValuesInTheirSharedOwnerAndCancelLeavesThem) {
     testing::TestPlatform platform;
-    std::shared_ptr<testing::GlobalVarGrabado> ajustes = std::make_shared<testing::GlobalVarGrabado>();
-    cAcction acc;
-
-    void SetUp() override {
-        acc.GlobalVar = ajustes;
-        VariablesAvanzadas() = OpcionesAvanzadas{};
-    }
-    void TearDown() override { VariablesAvanzadas() = OpcionesAvanzadas{}; }
-
-    void Abrir(std::function<void(dlgConfigAvz&)> guion) {
-        platform.ui.AlMostrar("dlgConfigAvz",
-                              [guion](forms::Dialogo& d) { guion(dynamic_cast<dlgConfigAvz&>(d)); });
-        dlgConfigAvz dialogo;
-        dialogo.oAcc = &acc;
-        dialogo.ShowModal();
-    }
-};
-
-TEST_F(OpcionesAvanzadasTest, AcceptingKeepsTheValuesInTheirSharedOwnerAndWritesNoKey) {
-    Abrir([](dlgConfigAvz& d) {
-        EXPECT_EQ(d.ctrlCadenaUnion.Text(), " ");
-        EXPECT_FALSE(d.ctrlCadenaUnion.Enabled());
-        d.chkConcatNotasPartida.Pulsar();
-        EXPECT_TRUE(d.ctrlCadenaUnion.Enabled());
-        d.ctrlCadenaUnion.Escribir("a|b");
-        EXPECT_EQ(d.ctrlCadenaUnion.Text(), "ab") << "a typed bar is thrown away";
-        d.chkSerieLote.Pulsar();
-        d.btnOK.Pulsar();
+    VariablesAvanzadas() = OpcionesAvanzadas{};
+    platform.ui.AlMostrar("dlgConfigAvz", [](forms::Dialogo& d) {
+        auto& a = dynamic_cast<dlgConfigAvz&>(d);
+        EXPECT_FALSE(a.ctrlCadenaUnion.Enabled());
+        a.chkConcatNotasPartida.Pulsar();
+        a.ctrlCadenaUnion.Escribir("a|b");
+        a.chkSerieLote.Pulsar();
+        a.btnOK.Pulsar();
     });
+    platform.ui.AlMostrar("dlgConfigAvz", [](forms::Dialogo& d) {
+        auto& a = dynamic_cast<dlgConfigAvz&>(d);
+        a.ctrlCadenaUnion.Text("x|y");
+        a.btnCancel.Pulsar();
+    });
+    platform.ui.AlMostrar("dlgConfigAvz", [](forms::Dialogo& d) {
+        auto& a = dynamic_cast<dlgConfigAvz&>(d);
+        EXPECT_EQ(a.ctrlCadenaUnion.Text(), "ab");
+        a.ctrlCadenaUnion.Text("x|y");
+        a.btnOK.Pulsar();
+    });
+    for (int i = 0; i < 3; ++i) dlgConfigAvz().ShowModal();
     const OpcionesAvanzadas& v = VariablesAvanzadas();
-    EXPECT_EQ(v.concatNotasPartida, 1);
-    EXPECT_EQ(v.cadenaUnion, "ab");
-    EXPECT_EQ(v.addendaTiendaron, 0);
-    EXPECT_EQ(v.serieLote, 1);
-    EXPECT_TRUE(ajustes->escrituras.empty());
-
-    // A pasted bar stays, a cleared box keeps its text, and a cancel leaves
-    // the shared values as they were.
-    Abrir([](dlgConfigAvz& d) {
-        EXPECT_EQ(d.chkConcatNotasPartida.Value(), 1);
-        d.ctrlCadenaUnion.Text("x|y");
-        d.chkConcatNotasPartida.Pulsar();
-        EXPECT_EQ(d.ctrlCadenaUnion.Text(), "x|y");
-        d.btnCancel.Pulsar();
-    });
-    EXPECT_EQ(VariablesAvanzadas().cadenaUnion, "ab");
-    Abrir([](dlgConfigAvz& d) {
-        d.ctrlCadenaUnion.Text("x|y");
-        d.btnOK.Pulsar();
-    });
-    EXPECT_EQ(VariablesAvanzadas().cadenaUnion, "x|y");
+    EXPECT_EQ(std::tie(v.concatNotasPartida, v.cadenaUnion, v.addendaTiendaron, v.serieLote),
+              std::make_tuple(1.0, std::string("x|y"), 0.0, 1.0));
+    VariablesAvanzadas() = OpcionesAvanzadas{};
 }
 
 }  // namespace

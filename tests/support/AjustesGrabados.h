@@ -1,8 +1,7 @@
 #pragma once
 
-// Settings stores that note every write, in order, as "KEY=VALUE", so that
-// a test can say which keys a dialog wrote, with what and in what order.
-// The company store keeps its values in memory; the machine's store passes
+// Settings stores that note every write, in order, as "KEY=VALUE". The
+// company store keeps its values in memory; the machine's store passes
 // everything on to the real store it wraps.
 
 #include <map>
@@ -22,28 +21,22 @@ public:
     int conexiones = 0;  // how often the settings were loaded again
 
     double LeerNumero(const std::string& key, double defaultValue) override {
-        auto valor = valores_.find(UCase(key));
-        return valor == valores_.end() ? defaultValue : CDbl(Variant(valor->second));
+        return valores_.count(UCase(key)) ? CDbl(Variant(valores_[UCase(key)])) : defaultValue;
     }
     std::string LeerTexto(const std::string& key, const std::string& defaultValue) override {
-        auto valor = valores_.find(UCase(key));
-        return valor == valores_.end() ? defaultValue : valor->second;
+        return valores_.count(UCase(key)) ? valores_[UCase(key)] : defaultValue;
     }
     void Conectar(std::shared_ptr<host::Connection>) override { ++conexiones; }
-    bool GuardarNumero(const std::string& key, double value) override {
-        return Guardar(key, CStr(Variant(value)));
+    bool GuardarNumero(const std::string& key, double value) override { return GuardarTexto(key, CStr(Variant(value))); }
+    bool GuardarTexto(const std::string& key, const std::string& value) override {
+        escrituras.push_back(key + "=" + value);
+        Poner(key, value);
+        return true;
     }
-    bool GuardarTexto(const std::string& key, const std::string& value) override { return Guardar(key, value); }
-
-    // A value already stored, which is not noted as a write.
+    // A value already stored, not noted as a write.
     void Poner(const std::string& key, const std::string& value) { valores_[UCase(key)] = value; }
 
 private:
-    bool Guardar(const std::string& key, const std::string& value) {
-        escrituras.push_back(key + "=" + value);
-        valores_[UCase(key)] = value;
-        return true;
-    }
     std::map<std::string, std::string> valores_;
 };
 
@@ -51,7 +44,7 @@ class ConfigLocalGrabado : public host::cConfigLocal {
 public:
     explicit ConfigLocalGrabado(std::shared_ptr<host::cConfigLocal> real) : real_(std::move(real)) {}
 
-    std::vector<std::string> escrituras;  // "KEY=VALUE" under any application and section
+    std::vector<std::string> escrituras;
 
     std::string ObtenerValor(const std::string& aplicacion, const std::string& seccion, const std::string& clave,
                              const std::string& porDefecto) override {
@@ -59,7 +52,7 @@ public:
     }
     void GuardarValor(const std::string& aplicacion, const std::string& seccion, const std::string& clave,
                       const std::string& valor) override {
-        escrituras.push_back(aplicacion + "/" + seccion + "/" + clave + "=" + valor);
+        escrituras.push_back(clave + "=" + valor);
         real_->GuardarValor(aplicacion, seccion, clave, valor);
     }
 
