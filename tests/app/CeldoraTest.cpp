@@ -278,28 +278,6 @@ TEST_F(Celdora, TheReportCommandRefusesIncompleteOrWrongOptions) {
     }
 }
 
-// --repo is where PAC.inf is found; a field whose click opens a picker and
-// a button of a control array are pressed by name from the terminal.
-TEST_F(Celdora, OpensTheSettingsDialogsByNameAndPressesTheirFieldsAndIndexedButtons) {
-    const fs::path repo = carpeta / "repo";
-    fs::create_directories(repo / "CFDI");
-    std::ofstream(repo / "CFDI" / "PAC.inf", std::ios::binary) << "pac.uno\r\npac.dos\r\n";
-    const std::string copias = (carpeta / "copias").string();
-    fs::create_directories(copias);
-
-    const Salida local = Celdora_("--repo '" + repo.string() + "'", "dialog dlgLocal --console",
-                                  "pulsar chkGuardarRespaldo\\npulsar txtCopiaLocal\\n" + copias + "\\npulsar btnOK\\n");
-    EXPECT_TRUE(Contiene(local.texto, "dlgLocal cerrado; Aceptado: Verdadero (-1)")) << local.texto;
-    EXPECT_EQ(Llamar("StrConfiguracionLocal FE_CopiaLocal").texto, copias + "\n");
-    EXPECT_EQ(Llamar("StrConfiguracionLocal Fe_Timbre001").texto, "pac.dos\n") << "the last entry is stored";
-
-    const Salida impresion = Celdora_("--repo '" + repo.string() + "'", "dialog dlgImpresionCBB --console",
-                                      "pulsar btnExaminar(0)\\n/formatos/f.txf\\npulsar btnAceptar\\n");
-    EXPECT_TRUE(Contiene(impresion.texto, "Carpeta: " + repo.string() + "\n")) << impresion.texto;
-    EXPECT_TRUE(Contiene(impresion.texto, "txtArchivo (texto) Factura de ventas: \"/formatos/f.txf\"")) << impresion.texto;
-    EXPECT_TRUE(Contiene(impresion.texto, "dlgImpresionCBB cerrado; Aceptado: Verdadero (-1)"));
-}
-
 TEST(EjemploHost, BindsTheFacadeAndAsksTheDemoCompany) {
     const Salida salida = Correr(std::string("'") + EJEMPLO_BIN + "'");
     EXPECT_EQ(salida.codigo, 0) << salida.texto;

@@ -8,7 +8,6 @@
 
 #include "core/cAcction.h"
 #include "core/mdlMain.h"
-#include "platform/files/cConfigLocalIni.h"
 #include "settings/dlgLocal.h"
 #include "tests/support/AjustesGrabados.h"
 #include "tests/support/ConfiguracionPrivada.h"
@@ -31,8 +30,7 @@ protected:
     testing::TestPlatform platform;
     testing::ConfiguracionPrivada configuracion;
     testing::CarpetaTemporal repositorio;
-    std::shared_ptr<platform::cConfigLocalIni> ini = std::make_shared<platform::cConfigLocalIni>();
-    std::shared_ptr<testing::ConfigLocalGrabado> almacen = std::make_shared<testing::ConfigLocalGrabado>(ini);
+    std::shared_ptr<testing::ConfigLocalGrabado> almacen = std::make_shared<testing::ConfigLocalGrabado>();
     cAcction acc;
 
     void SetUp() override {
@@ -59,7 +57,7 @@ TEST_P(ConfiguracionLocal, TheComponentsComeFromPacInfAndTheKeysAreWrittenInOrde
         std::filesystem::create_directories(repositorio.ruta() / "CFDI");
         std::ofstream(repositorio.ruta() / "CFDI" / "PAC.inf", std::ios::binary) << *caso.pacInf;
     }
-    ini->GuardarValor("Tiendaro", "Config", "FE_Timbre001", caso.guardado);
+    almacen->cConfigLocalIni::GuardarValor("Tiendaro", "Config", "FE_Timbre001", caso.guardado);
     Abrir([&](dlgLocal& d) {
         Textos entradas;
         for (const auto& item : d.cmbPAC.Items()) entradas.push_back(item.text);
@@ -76,8 +74,8 @@ Textos Escritas(const std::string& componente) {
 INSTANTIATE_TEST_SUITE_P(, ConfiguracionLocal,
                          ::testing::Values(Caso{std::nullopt, "", {"psecfdi.edicom.cMain"},
                                                 Escritas("psecfdi.edicom.cMain")},
-                                           Caso{"uno\r\n\r\n  \r\n dos\r\n", "dos", {"uno", " dos"}, Escritas(" dos")},
-                                           Caso{"uno\r\ndos\r\ntres", "uno", {"uno", "dos", "tres"}, Escritas("uno")},
+                                           Caso{"uno\r\n\r\n  \r\n dos\r\ntres", "dos", {"uno", " dos", "tres"},
+                                                Escritas(" dos")},
                                            Caso{"uno\r\ndos", "retirado", {"uno", "dos"}, Escritas("dos")}));
 
 // The account comes back under the reader's spelling; the digest in the
@@ -103,12 +101,13 @@ TEST_F(ConfiguracionLocal, ThePasswordIsWrittenAsItsDigestOnlyWhenItChanged) {
         d.btnOK.Pulsar();
     });
     EXPECT_EQ(almacen->escrituras.size(), 11u);
+    EXPECT_EQ(almacen->escrituras[7], "FE_Timbrar=0");
 }
 
 // Differing passwords keep the dialog open; a cancelled picker empties the
 // field; a cancel writes nothing.
 TEST_F(ConfiguracionLocal, DifferingPasswordsACancelledPickerAndCancelWriteNothing) {
-    ini->GuardarValor("Tiendaro", "Config", "FE_CopiaLocal", "/respaldos");
+    almacen->cConfigLocalIni::GuardarValor("Tiendaro", "Config", "FE_CopiaLocal", "/respaldos");
     platform.ui.Elegir(std::nullopt);
     Abrir([](dlgLocal& d) {
         d.txtCopiaLocal.Pulsar();

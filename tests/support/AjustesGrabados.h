@@ -1,8 +1,8 @@
 #pragma once
 
 // Settings stores that note every write, in order, as "KEY=VALUE". The
-// company store keeps its values in memory; the machine's store passes
-// everything on to the real store it wraps.
+// company store keeps its values in memory; the machine's store is the
+// real INI file.
 
 #include <map>
 #include <memory>
@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "host/Settings.h"
+#include "platform/files/cConfigLocalIni.h"
 #include "value/Convert.h"
 #include "value/Text.h"
 
@@ -27,7 +28,9 @@ public:
         return valores_.count(UCase(key)) ? valores_[UCase(key)] : defaultValue;
     }
     void Conectar(std::shared_ptr<host::Connection>) override { ++conexiones; }
-    bool GuardarNumero(const std::string& key, double value) override { return GuardarTexto(key, CStr(Variant(value))); }
+    bool GuardarNumero(const std::string& key, double value) override {
+        return GuardarTexto(key, CStr(Variant(value)));
+    }
     bool GuardarTexto(const std::string& key, const std::string& value) override {
         escrituras.push_back(key + "=" + value);
         Poner(key, value);
@@ -40,24 +43,16 @@ private:
     std::map<std::string, std::string> valores_;
 };
 
-class ConfigLocalGrabado : public host::cConfigLocal {
+// The real INI store of platform/files, noting its writes.
+class ConfigLocalGrabado : public platform::cConfigLocalIni {
 public:
-    explicit ConfigLocalGrabado(std::shared_ptr<host::cConfigLocal> real) : real_(std::move(real)) {}
-
     std::vector<std::string> escrituras;
 
-    std::string ObtenerValor(const std::string& aplicacion, const std::string& seccion, const std::string& clave,
-                             const std::string& porDefecto) override {
-        return real_->ObtenerValor(aplicacion, seccion, clave, porDefecto);
-    }
     void GuardarValor(const std::string& aplicacion, const std::string& seccion, const std::string& clave,
                       const std::string& valor) override {
         escrituras.push_back(clave + "=" + valor);
-        real_->GuardarValor(aplicacion, seccion, clave, valor);
+        cConfigLocalIni::GuardarValor(aplicacion, seccion, clave, valor);
     }
-
-private:
-    std::shared_ptr<host::cConfigLocal> real_;
 };
 
 }  // namespace celdora::testing

@@ -10,9 +10,9 @@
 #include <QTest>
 #include <fstream>
 
+#include "core/Dialogos.h"
 #include "core/cAcction.h"
 #include "core/mdlMain.h"
-#include "settings/dlgConfigAvz.h"
 #include "settings/dlgLocal.h"
 #include "tests/platform/qt/PruebaQt.h"
 #include "tests/support/AjustesGrabados.h"
@@ -29,47 +29,37 @@ void Clic(const char* nombre) {
     if (widget != nullptr) QTest::mouseClick(widget, Qt::LeftButton, {}, QPoint(6, widget->height() / 2));
 }
 
-class ConfiguracionQt : public ::testing::Test {
-protected:
+// Each dialog opens in Qt and leaves its picture; the print format's files
+// come from an indexed browse button (the picker filtered by the type and
+// opened in the repository folder) and a click on a field, the copy folder
+// from a click on its field.
+TEST(ConfiguracionQt, TheSettingsDialogsOpenAndTheirFieldsAndIndexedButtonsAskForPaths) {
     PlataformaQt qt;
     Vigilante vigilante;
     ConfiguracionPrivada configuracion;
     CarpetaTemporal carpeta;
-    std::shared_ptr<GlobalVarGrabado> ajustes = std::make_shared<GlobalVarGrabado>();
+    mdlMain::SoltarObjetosCompartidos();
     cAcction acc;
-
-    void SetUp() override {
-        mdlMain::SoltarObjetosCompartidos();
-        acc.GlobalVar = ajustes;
-    }
-    void TearDown() override { mdlMain::SoltarObjetosCompartidos(); }
-};
-
-TEST_F(ConfiguracionQt, ThePrintFormatsTakeTheirFilesFromAnIndexedButtonAndAFieldClick) {
+    auto ajustes = std::make_shared<GlobalVarGrabado>();
+    acc.GlobalVar = ajustes;
     const std::string factura = carpeta / "factura.txf";
-    const std::string recibo = carpeta / "recibo.txf";
     std::ofstream(factura) << "plantilla";
-    std::ofstream(recibo) << "plantilla";
+    acc.AppRepositoryPath = carpeta.ruta().string() + "\\";
     AlAparecer([&] {
-        ResponderSelector(QString::fromStdString(factura));
+        ResponderSelector(QString::fromStdString(factura), [&](QFileDialog* selector) {
+            EXPECT_EQ(selector->nameFilters(), QStringList{"Plantilla *.txf (*.txf)"});
+            EXPECT_EQ(selector->directory().absolutePath().toStdString(), carpeta.ruta().string());
+        });
         Clic<QPushButton>("btnExaminar(0)");
-        ResponderSelector(QString::fromStdString(recibo));
+        ResponderSelector(QString::fromStdString(factura));
         Clic<QLineEdit>("txtCXC_FacRecibo");
         Captura(VentanaActiva(), "dlgImpresion");
         Clic<QPushButton>("btnAceptar");
     });
     EXPECT_TRUE(acc.ConfigurarRepresentacionImpresa());
-    AlAparecer([] {
-        EXPECT_EQ(VentanaActiva()->windowTitle(), "Representación impresa para CBB");
-        Captura(VentanaActiva(), "dlgImpresionCBB");
-        Clic<QPushButton>("btnCancelar");
-    });
-    EXPECT_FALSE(acc.ConfigurarRepresentacionImpresaCBB());
     ASSERT_EQ(ajustes->escrituras.size(), 12u);
-    EXPECT_EQ(ajustes->escrituras[1] + ajustes->escrituras[11], "CFDImp002=" + factura + "CFDImp011=" + recibo);
-}
+    EXPECT_EQ(ajustes->escrituras[1] + ajustes->escrituras[11], "CFDImp002=" + factura + "CFDImp011=" + factura);
 
-TEST_F(ConfiguracionQt, TheLocalCopyFolderIsChosenByAClickOnItsFieldAndTheAdvancedOptionsOpen) {
     AlAparecer([&] {
         Clic<QCheckBox>("chkGuardarRespaldo");
         ResponderSelector(QString::fromStdString(carpeta.ruta().string()));
@@ -82,12 +72,14 @@ TEST_F(ConfiguracionQt, TheLocalCopyFolderIsChosenByAClickOnItsFieldAndTheAdvanc
     local.ShowModal();
     EXPECT_EQ(acc.StrConfiguracionLocal("FE_CopiaLocal"), carpeta.ruta().string());
 
-    AlAparecer([] {
-        EXPECT_EQ(VentanaActiva()->windowTitle(), "Configuración avanzada");
-        Captura(VentanaActiva(), "dlgConfigAvz");
-        Clic<QPushButton>("btnCancel");
-    });
-    dlgConfigAvz().ShowModal();
+    for (const char* clase : {"dlgImpresionCBB", "dlgConfigAvz"}) {
+        AlAparecer([clase] {
+            Captura(VentanaActiva(), clase);
+            QTest::keyClick(VentanaActiva(), Qt::Key_Escape);
+        });
+        dialogos::Crear(clase, acc)->ShowModal();
+    }
+    mdlMain::SoltarObjetosCompartidos();
 }
 
 }  // namespace
