@@ -49,6 +49,7 @@ TEST_F(Impresion, DefaultsChangesOfTypeAndTabAMissingInvoiceFormatAndCancelWrite
             EXPECT_EQ(d.cmbMail == nullptr ? "" : d.cmbMail->Text(), cbb ? "" : "No enviar");
             EXPECT_TRUE(d.chkUsarVisor.Value() == 1 && d.chkUsarVisor.Enabled());
             EXPECT_EQ(d.txtArchivo.Text(), cbb ? "" : "F.txf");
+            EXPECT_EQ(d.Caption(), cbb ? "Representación impresa para CBB" : "Representación impresa de CFD/CFDI");
             d.chkUsarVisor.Pulsar();
             d.tabOpciones.ClickPagina(1);
             EXPECT_EQ(d.chkUsarVisor.Value(), 1);

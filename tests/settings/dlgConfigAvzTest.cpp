@@ -21,6 +21,7 @@ TEST(dlgConfigAvz, AcceptingKeepsTheValuesInTheirSharedOwner) {
     };
     guion([](dlgConfigAvz& a) {
         EXPECT_FALSE(a.ctrlCadenaUnion.Enabled());
+        EXPECT_EQ(a.Caption(), "Configuración avanzada");
         a.chkConcatNotasPartida.Pulsar();
         a.ctrlCadenaUnion.Escribir("a|b");
         a.chkSerieLote.Pulsar();

@@ -96,7 +96,8 @@ TEST_F(ConfiguracionLocal, ThePasswordIsWrittenAsItsDigestOnlyWhenItChanged) {
                                            "FE_Timbre004=4f356e71899d4e6ac647d2ed22a81dd2"}));
     EXPECT_EQ(platform.ui.Selecciones().at(0).titulo, "Carpetas");
     Abrir([](dlgLocal& d) {
-        EXPECT_EQ(d.txtCopiaLocal.Text() + d.txtUsuario.Text(), "/respaldosdemo");
+        EXPECT_EQ(d.Caption() + d.txtCopiaLocal.Text() + d.txtUsuario.Text() + d.txtPWD.Text(),
+                  "Configuración local/respaldosdemo4f356e71899d4e6ac647d2ed22a81dd2");
         d.txtPWD.Escribir(d.txtPWDRep.Text());
         d.btnOK.Pulsar();
     });

@@ -58,7 +58,8 @@ TEST(ConfiguracionQt, TheSettingsDialogsOpenAndTheirFieldsAndIndexedButtonsAskFo
     });
     EXPECT_TRUE(acc.ConfigurarRepresentacionImpresa());
     ASSERT_EQ(ajustes->escrituras.size(), 12u);
-    EXPECT_EQ(ajustes->escrituras[1] + ajustes->escrituras[11], "CFDImp002=" + factura + "CFDImp011=" + factura);
+    EXPECT_EQ(ajustes->escrituras[1] + ajustes->escrituras[9] + ajustes->escrituras[11],
+              "CFDImp002=" + factura + "CFDImp009=1CFDImp011=" + factura);
 
     AlAparecer([&] {
         Clic<QCheckBox>("chkGuardarRespaldo");
