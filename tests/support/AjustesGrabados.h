@@ -28,9 +28,7 @@ public:
         return valores_.count(UCase(key)) ? valores_[UCase(key)] : defaultValue;
     }
     void Conectar(std::shared_ptr<host::Connection>) override { ++conexiones; }
-    bool GuardarNumero(const std::string& key, double value) override {
-        return GuardarTexto(key, CStr(Variant(value)));
-    }
+    bool GuardarNumero(const std::string& key, double value) override { return GuardarTexto(key, CStr(value)); }
     bool GuardarTexto(const std::string& key, const std::string& value) override {
         escrituras.push_back(key + "=" + value);
         Poner(key, value);
@@ -38,8 +36,6 @@ public:
     }
     // A value already stored, not noted as a write.
     void Poner(const std::string& key, const std::string& value) { valores_[UCase(key)] = value; }
-
-private:
     std::map<std::string, std::string> valores_;
 };
 
