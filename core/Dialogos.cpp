@@ -6,12 +6,15 @@
 #include "cbb/dlgConfigFoliosCBB.h"
 #include "core/cAcction.h"
 #include "report/dlgExportarInforme.h"
+#include "printformats/dlgImpresion.h"
 #include "report/dlgInforme.h"
 #include "rules/dlgAddress.h"
 #include "rules/dlgFormaFacturacionHordana.h"
 #include "rules/dlgFormaPago.h"
 #include "rules/frmPB.h"
 #include "rules/frmSaveAs.h"
+#include "settings/dlgConfigAvz.h"
+#include "settings/dlgLocal.h"
 #include "value/Text.h"
 
 namespace celdora::dialogos {
@@ -52,14 +55,40 @@ std::unique_ptr<forms::Dialogo> RangoCBBNuevo(cAcction& accion) {
     return dialogo;
 }
 
+// The print format dialogs as their members open them: on the company
+// settings and the repository folder (its closing backslash dropped), the
+// CFD family also with the facade for the comprobante kind.
+std::unique_ptr<forms::Dialogo> Impresion(cAcction& accion, const impresion::VarianteImpresion& variante) {
+    auto dialogo = std::make_unique<dlgImpresion>(variante);
+    dialogo->GlobalVar = accion.GlobalVar;
+    dialogo->rutaInicial = impresion::RutaInicial(accion.AppRepositoryPath);
+    if (variante.tira) dialogo->oAcc = &accion;
+    return dialogo;
+}
+
+// The dialogs of the machine's settings, handed the facade as their opener
+// does.
+template <class T>
+Fabrica ConFachada() {
+    return [](cAcction& accion) {
+        auto dialogo = std::make_unique<T>();
+        dialogo->oAcc = &accion;
+        return dialogo;
+    };
+}
+
 const std::map<std::string, Fabrica>& Fabricas() {
     static const std::map<std::string, Fabrica> fabricas = {
         {"dlgAddress", Simple<dlgAddress>()},
+        {"dlgConfigAvz", ConFachada<dlgConfigAvz>()},
         {"dlgConfigFoliosCBB", RangoCBBNuevo},
         {"dlgExportarInforme", NavegadorDeInformes},
         {"dlgFormaFacturacionHordana", Simple<dlgFormaFacturacionHordana>()},
         {"dlgFormaPago", Simple<dlgFormaPago>()},
+        {"dlgImpresion", [](cAcction& accion) { return Impresion(accion, impresion::kImpresionCFD); }},
+        {"dlgImpresionCBB", [](cAcction& accion) { return Impresion(accion, impresion::kImpresionCBB); }},
         {"dlgInforme", GeneracionDeInforme},
+        {"dlgLocal", ConFachada<dlgLocal>()},
         {"frmPB", Simple<frmPB>()},
         {"frmSaveAs", Simple<frmSaveAs>()},
     };

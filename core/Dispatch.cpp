@@ -424,6 +424,8 @@ const Tabla& TablaCAcction() {
          Metodo("DocumentoAprobadoParaCFD_CXC", &cAcction::DocumentoAprobadoParaCFD_CXC, {"pkcxc"}),
          Metodo("FolioAprobadoCBB", &cAcction::FolioAprobadoCBB, {"pkventa"}),
          Metodo("FolioAprobadoCBB_CXC", &cAcction::FolioAprobadoCBB_CXC, {"pkcxc"}),
+         Metodo("ConfigurarRepresentacionImpresa", &cAcction::ConfigurarRepresentacionImpresa),
+         Metodo("ConfigurarRepresentacionImpresaCBB", &cAcction::ConfigurarRepresentacionImpresaCBB),
          Metodo("TipoDocumento", &cAcction::TipoDocumento, {"pkventa"}),
          Metodo("TipoDocumento_CXC", &cAcction::TipoDocumento_CXC, {"pkcxc"}),
          Metodo("ObtenerFechaHora", &cAcction::ObtenerFechaHora, {"fecha", "hora"}),

@@ -138,6 +138,10 @@ public:
     // when the user confirmed.
     bool AgregarFoliosCBB();
     bool ModificarFoliosCBB(std::int32_t pk);
+    // Print formats (printformats/): the dialogs of the CFD and CBB families;
+    // true when the user accepted.
+    bool ConfigurarRepresentacionImpresa();
+    bool ConfigurarRepresentacionImpresaCBB();
 
     // Private routines the rest of the system uses.
     std::int32_t EnteroCampo(host::Recordset& recordset, const std::string& campo);

@@ -619,7 +619,7 @@ CommonDialog::CommonDialog(Dialogo& dialogo, std::string nombre)
 namespace {
 
 void Elegir(CommonDialog& dialogo, bool guardar) {
-    host::FileDialogRequest pedido{dialogo.Filter, dialogo.FileName, dialogo.DialogTitle};
+    host::FileDialogRequest pedido{dialogo.Filter, dialogo.FileName, dialogo.DialogTitle, dialogo.InitDir};
     auto& ui = host::CurrentPlatform().Ui();
     const auto ruta = guardar ? ui.ShowSave(pedido) : ui.ShowOpen(pedido);
     if (!ruta) {

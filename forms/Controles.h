@@ -496,6 +496,8 @@ public:
     std::string FileName;
     std::string Filter;
     std::string DialogTitle;
+    // The folder the picker opens in.
+    std::string InitDir;
     // When set, a cancelled picker raises fault 32755.
     bool CancelError = false;
 

@@ -36,6 +36,7 @@ struct FileDialogRequest {
     std::string filter;    // "Description|*.ext|Description|*.ext"
     std::string fileName;  // initial file name
     std::string title;
+    std::string initDir{};  // the folder it opens in; empty leaves it to the platform
 };
 
 class UiServices {

@@ -85,10 +85,10 @@ bool cAcction::GuardarCopiaComprobante(const std::string& sArchivo, const std::s
     });
     const auto ruta = RutaLibre(*this, carpeta, nombreCopia);
     if (!ruta) return result;
-    ResumeNext([&] {
-        CopiarArchivo(sArchivo, *ruta);
-        result = true;
-    });
+    // The copy and the result are two statements: a copy that fails is
+    // passed over and the result still becomes true.
+    ResumeNext([&] { CopiarArchivo(sArchivo, *ruta); });
+    result = true;
     return result;
 }
 

@@ -19,6 +19,8 @@ Fachada FachadaParaDialogo(const Opciones& opciones) {
     Fachada fachada;
     fachada.accion = std::make_shared<cAcction>();
     fachada.accion->ApplicationName = opciones.app;
+    fachada.accion->AppRepositoryPath = opciones.repo;
+    fachada.accion->AppReportsPath = opciones.informes;
     return fachada;
 }
 

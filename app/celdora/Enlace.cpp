@@ -13,6 +13,8 @@ Fachada EnlazarFachada(const Opciones& opciones) {
     fachada.accion->SetDataObjects(std::make_shared<platform::DataObjectsMotor>(fachada.conexion),
                                    std::make_shared<platform::CatalogoPaises>(fachada.conexion));
     fachada.accion->ApplicationName = opciones.app;
+    fachada.accion->AppRepositoryPath = opciones.repo;
+    fachada.accion->AppReportsPath = opciones.informes;
     return fachada;
 }
 

@@ -38,7 +38,8 @@ Opciones LeerOpciones(const std::vector<std::string>& args) {
             nombre = arg.substr(0, igual);
             valor = arg.substr(igual + 1);
         }
-        const bool llevaValor = nombre == "--db" || nombre == "--grupos" || nombre == "--app";
+        const bool llevaValor = nombre == "--db" || nombre == "--grupos" || nombre == "--app" ||
+                                 nombre == "--repo" || nombre == "--informes";
         if (llevaValor && !valor) {
             if (i + 1 == args.size()) throw ErrorDeUso{"falta el valor de " + nombre};
             valor = args[++i];
@@ -58,6 +59,10 @@ Opciones LeerOpciones(const std::vector<std::string>& args) {
             for (const std::string& pieza : Split(*valor, ",")) opciones.grupos.push_back(Grupo(pieza));
         } else if (nombre == "--app") {
             opciones.app = *valor;
+        } else if (nombre == "--repo") {
+            opciones.repo = *valor;
+        } else if (nombre == "--informes") {
+            opciones.informes = *valor;
         } else if (nombre == "--help" || nombre == "-h") {
             opciones.ayuda = true;
         } else {

@@ -27,12 +27,15 @@ struct Opciones {
     platform::ConsolaUi::RespuestaFija respuesta = platform::ConsolaUi::RespuestaFija::Ninguna;
     std::vector<std::int32_t> grupos;  // the groups of the user "@usuario"
     std::string app = "Celdora";       // ApplicationName
+    std::string repo;                  // AppRepositoryPath
+    std::string informes;              // AppReportsPath
     bool ayuda = false;
     std::string orden;
     std::vector<std::string> argumentos;
 };
 
-// Reads --db URL, --si, --no, --grupos LISTA, --app NOMBRE and --help (each
+// Reads --db URL, --si, --no, --grupos LISTA, --app NOMBRE, --repo DIR,
+// --informes DIR and --help (each
 // with a value also as --opcion=valor) up to the first word that is not an
 // option, which is the command; everything after it belongs to the command.
 // Raises ErrorDeUso for an unknown option or a value that does not fit.

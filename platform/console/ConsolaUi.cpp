@@ -114,6 +114,7 @@ std::optional<std::string> ConsolaUi::ShowOpen(const host::FileDialogRequest& re
     std::string detalles;
     if (!request.filter.empty()) detalles += "Tipos: " + request.filter + '\n';
     if (!request.fileName.empty()) detalles += "Nombre inicial: " + request.fileName + '\n';
+    if (!request.initDir.empty()) detalles += "Carpeta: " + request.initDir + '\n';
     return PedirRuta(request.title.empty() ? "Abrir" : request.title, detalles);
 }
 

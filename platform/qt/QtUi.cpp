@@ -77,6 +77,7 @@ std::optional<std::string> Archivo(const host::FileDialogRequest& request, QFile
     dialogo.setOption(QFileDialog::DontConfirmOverwrite);
     const QString filtro = FiltroArchivosQt(request.filter);
     if (!filtro.isEmpty()) dialogo.setNameFilter(filtro);
+    if (!request.initDir.empty()) dialogo.setDirectory(Qs(request.initDir));
     if (!request.fileName.empty()) dialogo.selectFile(Qs(request.fileName));
     return Elegido(dialogo);
 }

@@ -93,5 +93,12 @@ TEST_F(CopiasDeComprobante, ShowSaveAsGivesThePathOrTheEmptyStringWithoutAFault)
     EXPECT_EQ(facade.ShowSaveAs("XML|*.xml"), Variant(std::string()));
 }
 
+TEST_F(CopiasDeComprobante, ACopyThatFailsIsPassedOverInSilenceAndTheAnswerIsStillTrue) {
+    CarpetaDeCopias(copias.string());
+    EXPECT_TRUE(facade.GuardarCopiaComprobante((origen / "no-existe.xml").string()));
+    EXPECT_TRUE(fs::is_empty(copias));
+    EXPECT_TRUE(platform.ui.Cajas().empty());
+}
+
 }  // namespace
 }  // namespace celdora

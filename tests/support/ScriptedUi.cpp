@@ -42,7 +42,7 @@ std::optional<std::string> ScriptedUi::TomarRuta(const char* tipo, const host::F
         ruta = rutas_.front();
         rutas_.pop_front();
     }
-    selecciones_.push_back({tipo, request.filter, request.fileName, request.title, ruta});
+    selecciones_.push_back({tipo, request.filter, request.fileName, request.title, ruta, request.initDir});
     return ruta;
 }
 

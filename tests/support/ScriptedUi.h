@@ -29,6 +29,7 @@ struct Seleccion {
     std::string nombre;
     std::string titulo;
     std::optional<std::string> respuesta;
+    std::string carpeta;  // the folder the picker opened in
 };
 
 // What a test does while a dialog is shown modally: fill, click, answer.

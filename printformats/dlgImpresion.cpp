@@ -1,0 +1,103 @@
+#include "printformats/dlgImpresion.h"
+
+#include "core/Mensajes.h"
+#include "core/cAcction.h"
+#include "value/Channels.h"
+#include "value/Text.h"
+
+namespace celdora {
+
+dlgImpresion::dlgImpresion(const impresion::VarianteImpresion& variante)
+    : Dialogo(variante.clase, variante.caption),
+      variante_(variante),
+      controles_{cmbTipo,
+                 cmbFormato,
+                 chkUsarVisor,
+                 {&txtArchivo, &txtArchivoNC, &txtCXC_NCredito, &txtCXC_NCargo, &txtCXC_FacPagare, &txtCXC_FacRecibo},
+                 cmbImpresion,
+                 nullptr} {
+    if (variante.correo) {
+        cmbMail = &Agregar<forms::ComboBox>("cmbMail", forms::ComboBox::Estilo::SoloLista, "Envío por e-Mail:");
+        controles_.cmbMail = cmbMail;
+    }
+    for (forms::Control* control :
+         std::initializer_list<forms::Control*>{&lblTipo, &cmbTipo, &lblFormato, &cmbFormato, &chkUsarVisor,
+                                                &lblArchivos, &txtArchivo, &btnExaminar0, &txtArchivoNC,
+                                                &btnExaminar1, &txtCXC_NCredito, &btnExaminar2, &txtCXC_NCargo,
+                                                &btnExaminar3, &txtCXC_FacPagare, &btnExaminar4, &txtCXC_FacRecibo,
+                                                &btnExaminar5}) {
+        control->Colocar(tabOpciones.Nombre(), 0);
+    }
+    lblAcciones.Colocar(tabOpciones.Nombre(), 1);
+    cmbImpresion.Colocar(tabOpciones.Nombre(), 1);
+    if (cmbMail != nullptr) cmbMail->Colocar(tabOpciones.Nombre(), 1);
+    btnAceptar.Default(true);
+    btnCancelar.Cancel(true);
+
+    cmbTipo.Click = [this] { impresion::CambioDeTipo(controles_); };
+    cmbFormato.Click = [this] { cambioDeFormato(); };
+    tabOpciones.Click = [this] { cambioDeFormato(); };
+    // Each browse button and a click on its empty field ask for the file of
+    // their row.
+    const std::array<forms::CommandButton*, 6> botones{&btnExaminar0, &btnExaminar1, &btnExaminar2,
+                                                      &btnExaminar3, &btnExaminar4, &btnExaminar5};
+    for (std::size_t i = 0; i < botones.size(); ++i) {
+        forms::TextBox& campo = *controles_.rutas[i];
+        botones[i]->Click = [this, &campo] { examinar(campo); };
+        campo.Click = [this, &campo] {
+            if (campo.Text().empty()) examinar(campo);
+        };
+    }
+    btnAceptar.Click = [this] { btnAceptar_Click(); };
+    btnCancelar.Click = [this] { btnCancelar_Click(); };
+}
+
+void dlgImpresion::Form_Load() {
+    std::int32_t tipoComprobante = 0;
+    if (oAcc != nullptr) ResumeNext([&] { tipoComprobante = oAcc->TipoComprobanteAGenerar(); });
+    impresion::LlenarListas(controles_, variante_, tipoComprobante);
+    ResumeNext([&] { impresion::CargarValores(controles_, Deref(GlobalVar), variante_); });
+}
+
+void dlgImpresion::Form_Unload() { oAcc = nullptr; }
+
+void dlgImpresion::cambioDeFormato() {
+    ResumeNext([&] { impresion::CambioDeFormato(controles_, Deref(GlobalVar), variante_.prefijo); });
+}
+
+void dlgImpresion::examinar(forms::TextBox& campo) {
+    bool cancelado = false;
+    ResumeNext([&] {
+        dlgArchivo.CancelError = true;
+        dlgArchivo.FileName.clear();
+    });
+    ResumeNext(
+        [&] { dlgArchivo.Filter = impresion::FiltroDeTipo(impresion::DatoSeleccionado(cmbTipo), variante_); });
+    ResumeNext([&] { dlgArchivo.InitDir = rutaInicial; });
+    try {
+        dlgArchivo.ShowOpen();
+    } catch (const Fault&) {
+        cancelado = true;
+    }
+    if (!cancelado) ResumeNext([&] { campo.Text(dlgArchivo.FileName); });
+}
+
+void dlgImpresion::btnAceptar_Click() {
+    if (Trim(txtArchivo.Text()).empty()) {
+        core::Caja(
+            "Seleccione la ubicación del archivo que se usará como plantilla para generar la vista de impresión de "
+            "factura.",
+            host::Icono::Informacion, variante_.tituloRuta);
+        return;
+    }
+    ResumeNext([&] { impresion::GuardarValores(controles_, Deref(GlobalVar), variante_); });
+    Aceptado = true;
+    Hide();
+}
+
+void dlgImpresion::btnCancelar_Click() {
+    Aceptado = false;
+    Hide();
+}
+
+}  // namespace celdora

@@ -1,0 +1,59 @@
+// The print format, local settings and advanced options dialogs drawn by the
+// Qt renderer: a browse button of a control array is clicked by its indexed
+// name on the real widget.
+
+#include <gtest/gtest.h>
+
+#include <QPushButton>
+#include <QTest>
+#include <fstream>
+
+#include "core/Dialogos.h"
+#include "core/cAcction.h"
+#include "core/mdlMain.h"
+#include "tests/platform/qt/PruebaQt.h"
+#include "tests/support/AjustesGrabados.h"
+#include "tests/support/CarpetaTemporal.h"
+#include "tests/support/ConfiguracionPrivada.h"
+
+namespace celdora::testing {
+namespace {
+
+// Each dialog opens in Qt and leaves its picture. The print format's file
+// comes from the picker, filtered by the type and opened in the repository
+// folder.
+TEST(ConfiguracionQt, TheSettingsDialogsOpenAndAnIndexedBrowseButtonAsksForAPath) {
+    PlataformaQt qt;
+    Vigilante vigilante;
+    ConfiguracionPrivada configuracion;
+    CarpetaTemporal carpeta;
+    mdlMain::SoltarObjetosCompartidos();
+    cAcction acc;
+    auto ajustes = std::make_shared<GlobalVarGrabado>();
+    acc.GlobalVar = ajustes;
+    const std::string factura = carpeta / "factura.txf";
+    std::ofstream(factura) << "plantilla";
+    acc.AppRepositoryPath = carpeta.ruta().string() + "\\";
+    AlAparecer([&] {
+        ResponderSelector(QString::fromStdString(factura), [&](QFileDialog* selector) {
+            EXPECT_EQ(selector->nameFilters(), QStringList{"Plantilla *.txf (*.txf)"});
+            EXPECT_EQ(selector->directory().absolutePath().toStdString(), carpeta.ruta().string());
+        });
+        QTest::mouseClick(Widget<QPushButton>(VentanaActiva(), "btnExaminar(0)"), Qt::LeftButton);
+        Captura(VentanaActiva(), "dlgImpresion");
+        QTest::mouseClick(Widget<QPushButton>(VentanaActiva(), "btnAceptar"), Qt::LeftButton);
+    });
+    EXPECT_TRUE(acc.ConfigurarRepresentacionImpresa());
+    EXPECT_EQ(ajustes->escrituras.at(1) + ajustes->escrituras.at(9), "CFDImp002=" + factura + "CFDImp009=1");
+    for (const char* clase : {"dlgImpresionCBB", "dlgLocal", "dlgConfigAvz"}) {
+        AlAparecer([clase] {
+            Captura(VentanaActiva(), clase);
+            QTest::keyClick(VentanaActiva(), Qt::Key_Escape);
+        });
+        dialogos::Crear(clase, acc)->ShowModal();
+    }
+    mdlMain::SoltarObjetosCompartidos();
+}
+
+}  // namespace
+}  // namespace celdora::testing
