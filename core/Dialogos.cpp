@@ -3,7 +3,12 @@
 #include <functional>
 #include <map>
 
+#include "certificates/dlgRangoFolios.h"
+#include "certificates/dlgcertificado.h"
+#include "certificates/frmBlockXCer.h"
+#include "certificates/frmPFX.h"
 #include "core/cAcction.h"
+#include "core/mdlMain.h"
 #include "report/dlgExportarInforme.h"
 #include "report/dlgInforme.h"
 #include "rules/dlgAddress.h"
@@ -42,9 +47,37 @@ std::unique_ptr<forms::Dialogo> NavegadorDeInformes(cAcction& accion) {
     return dialogo;
 }
 
+// The certificate and folio range editors as their add commands open them,
+// for a new row.
+template <class Editor>
+std::unique_ptr<forms::Dialogo> EditorNuevo(cAcction& accion) {
+    auto dialogo = std::make_unique<Editor>();
+    dialogo->setObjects(accion);
+    return dialogo;
+}
+
+// The blocks of the certificate with the lowest key, since the dialog needs
+// one; with no certificate the list stays empty.
+std::unique_ptr<forms::Dialogo> BlocksDelPrimerCertificado(cAcction& accion) {
+    auto dialogo = std::make_unique<frmBlockXCer>();
+    dialogo->setObjects(accion);
+    auto recordset = mdlMain::AbrirConsulta(accion.ADOCnn, "SELECT Sys_PK, uf_noCertificado FROM ut_CFDInfo ORDER BY Sys_PK");
+    if (recordset && !recordset->Eof()) {
+        std::int32_t clave = static_cast<std::int32_t>(mdlMain::NumeroCampo(*recordset, "Sys_PK"));
+        std::string numero = mdlMain::TextoCampo(*recordset, "uf_noCertificado");
+        dialogo->setCer(clave, numero);
+    }
+    if (recordset) recordset->Close();
+    return dialogo;
+}
+
 const std::map<std::string, Fabrica>& Fabricas() {
     static const std::map<std::string, Fabrica> fabricas = {
         {"dlgAddress", Simple<dlgAddress>()},
+        {"dlgcertificado", EditorNuevo<dlgcertificado>},
+        {"dlgRangoFolios", EditorNuevo<dlgRangoFolios>},
+        {"frmBlockXCer", BlocksDelPrimerCertificado},
+        {"frmPFX", Simple<frmPFX>()},
         {"dlgExportarInforme", NavegadorDeInformes},
         {"dlgFormaFacturacionHordana", Simple<dlgFormaFacturacionHordana>()},
         {"dlgFormaPago", Simple<dlgFormaPago>()},

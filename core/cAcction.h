@@ -134,6 +134,13 @@ public:
     void VerInformesMensuales(bool& permitirRegenerar, bool& PermitirEliminar);
     // End of the monthly report.
 
+    // Editors of certificates and folio ranges (certificates/).
+    std::int32_t AgregarCertificado();
+    bool ModificarCertificado(std::int32_t Sys_PK);
+    std::int32_t AgregarAprobacionFolios();
+    bool ModificarAprobacionFolios(std::int32_t Sys_PK);
+    // End of the editors of certificates and folio ranges.
+
     // Private routines the rest of the system uses.
     std::int32_t EnteroCampo(host::Recordset& recordset, const std::string& campo);
     bool ProbarConsulta(const std::string& statement, const std::shared_ptr<host::Connection>& connection);
