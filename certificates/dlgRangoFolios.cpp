@@ -101,6 +101,18 @@ void dlgRangoFolios::CargarCertificados() {
     recordset->Close();
 }
 
+void dlgRangoFolios::AgregarCertificado() {
+    if (Fachada().AgregarCertificado() > 0) CargarCertificados();
+}
+
+void dlgRangoFolios::ModificarCertificado() {
+    if (cmbCertificado.ListIndex() < 0) {
+        core::Caja("Seleccione un elemento.", Icono::Informacion);
+        return;
+    }
+    if (Fachada().ModificarCertificado(cmbCertificado.ItemData(cmbCertificado.ListIndex()))) CargarCertificados();
+}
+
 // A block of a certificate for stamping or of a CBB range never appears,
 // not even with `todos`.
 void dlgRangoFolios::CargarBlocks(std::int32_t rango, bool todos) {

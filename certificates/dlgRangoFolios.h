@@ -33,6 +33,12 @@ public:
     // a range, those of `rango`, and with `todos` those of any range.
     void CargarBlocks(std::int32_t rango, bool todos);
 
+    // A certificate added, or the chosen one changed, from here through the
+    // facade's commands; the list of certificates is then filled again. No
+    // control of the dialog starts them.
+    void AgregarCertificado();
+    void ModificarCertificado();
+
     forms::TabControl& tab = Agregar<forms::TabControl>("tab", std::vector<std::string>{"General"});
     forms::TextBox& txtSerie = Agregar<forms::TextBox>("txtSerie", "Serie:");
     forms::NumberField& eNumFInicial = Agregar<forms::NumberField>("eNumFInicial", "Folio inicial:");

@@ -175,6 +175,26 @@ TEST_F(Rango, AChangedRangeIsUpdatedAndMovesItsBlockWhileARangeInUseStaysLocked)
               Variant(false));
     EXPECT_EQ(vivos, (Textos{"tab", "btnCancel"}));
     EXPECT_FALSE(acc.ModificarAprobacionFolios(0));
+    platform.ui.ExpectCaja(0, "Clave incorrecta.", Icono::Exclamacion);
+}
+
+TEST_F(Rango, ACertificateAddedFromTheRangeEditorRefillsItsList) {
+    platform.ui.AlMostrar("dlgcertificado", [](forms::Dialogo& d) { d.Ver<forms::CommandButton>("btnCancel").Pulsar(); });
+    platform.ui.AlMostrar("dlgcertificado", [](forms::Dialogo& d) {
+        d.Ver<forms::TextBox>("txtNumCertificado").Text("12345678901234567890");
+        for (const char* campo : {"txtCertificado", "txtPrivateKey", "txtPWD", "txtPWD2"}) d.Ver<forms::TextBox>(campo).Text("x");
+        d.Ver<forms::CommandButton>("btnOK").Pulsar();
+    });
+    dlgRangoFolios rango;
+    rango.setObjects(acc);
+    rango.ModificarCertificado();
+    rango.cmbCertificado.ListIndex(0);
+    rango.ModificarCertificado();
+    platform.ui.Responder(Respuesta::No);
+    rango.AgregarCertificado();
+    EXPECT_EQ(rango.cmbCertificado.ListCount(), 4);
+    EXPECT_EQ(rango.cmbCertificado.List(0), "12345678901234567890");
+    platform.ui.ExpectCaja(0, "Seleccione un elemento.", Icono::Informacion);
 }
 
 // A refused insert returns with the transaction left open; a failure after
