@@ -58,6 +58,8 @@ Opciones LeerOpciones(const std::vector<std::string>& args) {
             for (const std::string& pieza : Split(*valor, ",")) opciones.grupos.push_back(Grupo(pieza));
         } else if (nombre == "--app") {
             opciones.app = *valor;
+        } else if (nombre == "--qt") {
+            opciones.qt = true;
         } else if (nombre == "--help" || nombre == "-h") {
             opciones.ayuda = true;
         } else {

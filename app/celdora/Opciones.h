@@ -28,11 +28,12 @@ struct Opciones {
     std::vector<std::int32_t> grupos;  // the groups of the user "@usuario"
     std::string app = "Celdora";       // ApplicationName
     bool ayuda = false;
+    bool qt = false;                   // --qt: dialogs of a call in Qt
     std::string orden;
     std::vector<std::string> argumentos;
 };
 
-// Reads --db URL, --si, --no, --grupos LISTA, --app NOMBRE and --help (each
+// Reads --db URL, --si, --no, --grupos LISTA, --app NOMBRE, --qt and --help (each
 // with a value also as --opcion=valor) up to the first word that is not an
 // option, which is the command; everything after it belongs to the command.
 // Raises ErrorDeUso for an unknown option or a value that does not fit.

@@ -55,6 +55,7 @@ const char* const kUso =
     "                    sin ellas se pregunta en la terminal\n"
     "  --grupos 3,7      grupos del usuario @usuario\n"
     "  --app NOMBRE      ApplicationName (por omisión Celdora)\n"
+    "  --qt              los diálogos que abre call, en Qt si hay pantalla\n"
     "  --help            esta ayuda\n"
     "\n"
     "Salida: 0 si la llamada corrió (conteste lo que conteste), 1 si una falla\n"
