@@ -12,6 +12,7 @@ packages=(
   libssl-dev
   qt6-base-dev qt6-translations-l10n xvfb xauth fonts-dejavu-core
   clang-14 libclang-rt-14-dev
+  dpkg-dev make file lintian
 )
 
 missing=()

@@ -10,7 +10,7 @@ cd "$(dirname "$0")/.."
 
 contar() { if [ $# -eq 0 ]; then echo 0; else grep -h -v -E '^\s*$|^\s*//' "$@" | wc -l; fi; }
 
-mapfile -t fuentes < <(git ls-files | grep -E '\.(h|cpp)$' | grep -v '^bench/')
+mapfile -t fuentes < <(git ls-files --cached --others --exclude-standard | sort -u | grep -E '\.(h|cpp)$' | grep -v '^bench/')
 pruebas=() codigo=()
 for f in "${fuentes[@]}"; do
   [ -f "$f" ] || continue

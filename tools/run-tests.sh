@@ -15,3 +15,4 @@ QT_QPA_PLATFORM=offscreen ASAN_OPTIONS=detect_leaks=1 UBSAN_OPTIONS=print_stackt
   ctest --test-dir build/asan -L gui --output-on-failure
 CELDORA_SKIP_BUILD=1 bash tools/integration.sh build/ci
 bash tools/fuzz.sh
+bash tools/test-package.sh build/ci

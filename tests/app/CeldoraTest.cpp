@@ -3,16 +3,15 @@
 
 #include <gtest/gtest.h>
 #include <sys/wait.h>
-#include <unistd.h>
 
 #include <cstdio>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <string>
 
 #include "core/mdlMain.h"
+#include "tests/support/ConfiguracionPrivada.h"
 #include "tests/support/TestPlatform.h"
 
 namespace celdora {
@@ -44,25 +43,15 @@ bool Contiene(const std::string& texto, const std::string& parte) { return texto
 
 class Celdora : public ::testing::Test {
 protected:
-    fs::path carpeta;
-    std::string db;
+    // Per-machine settings go to a folder of the test's own, not the user's.
+    testing::ConfiguracionPrivada configuracion;
+    testing::CarpetaTemporal temporal;
+    fs::path carpeta = temporal.ruta();
+    std::string db = temporal / "demo.db";
 
     void SetUp() override {
-        static int contador = 0;
-        carpeta = fs::temp_directory_path() /
-                  ("celdora_app_" + std::to_string(::getpid()) + "_" + std::to_string(++contador));
-        fs::remove_all(carpeta);
-        fs::create_directories(carpeta);
-        // Per-machine settings go to the test's folder, not the user's.
-        ::setenv("CELDORA_CONFIG_DIR", (carpeta / "config").c_str(), 1);
-        db = (carpeta / "demo.db").string();
         const Salida demo = Correr(std::string("'") + CELDORA_BIN + "' demo '" + db + "'");
         ASSERT_EQ(demo.codigo, 0) << demo.texto;
-    }
-
-    void TearDown() override {
-        std::error_code ec;
-        fs::remove_all(carpeta, ec);
     }
 
     // celdora with global options, --db on the demo, then the command.
@@ -75,72 +64,6 @@ protected:
     }
 };
 
-TEST_F(Celdora, AnswersQuestionsAboutDocuments) {
-    EXPECT_EQ(Llamar("TipoComprobanteAGenerar").texto, "2\n");
-    EXPECT_EQ(Llamar("ExisteCFD 1").texto, "Verdadero (-1)\n");
-    EXPECT_EQ(Llamar("existecfd 14").texto, "Falso (0)\n");
-    EXPECT_EQ(Llamar("isSet").texto, "Verdadero (-1)\n");
-    EXPECT_EQ(Llamar("RegimenesFicalesCol").texto,
-              "2\tPersonas Morales con Fines no Lucrativos\t\n"
-              "1\tRégimen General de Ley Personas Morales\tTítulo II de la Ley del ISR\n");
-    EXPECT_EQ(Celdora_("--app Tienda", "call ApplicationName").texto, "Tienda\n");
-}
-
-TEST_F(Celdora, PrintsLastErrorDescriptAfterTheAnswer) {
-    const Salida salida = Llamar("PosibleCancelar 1");
-    EXPECT_EQ(salida.codigo, 0);
-    EXPECT_EQ(salida.texto,
-              "Falso (0)\n"
-              "LastErrorDescript: No se pude cancelar porque el comprobante digital ya ha sido incluido en el reporte "
-              "mensual.\n");
-
-    EXPECT_EQ(Llamar("CambiarEstadoEnBitacora 3 5").texto,
-              "Falso (0)\nLastErrorDescript: Etatus adminisitrativo incorrecto. Debe ser procesado o cancelado.\n");
-}
-
-TEST_F(Celdora, QuestionsTakeTheFixedAnswerOrTheTerminalsOne) {
-    const Salida no = Celdora_("--no", "call CancelarCFD 5");
-    EXPECT_EQ(no.texto,
-              "[Pregunta] ¿Está seguro que desea eliminar el elemento seleccionado?\n"
-              "(s/n) No (respuesta fija)\n"
-              "Falso (0)\n");
-    EXPECT_EQ(Llamar("ExisteCFD 3").texto, "Verdadero (-1)\n");
-
-    // Without a fixed answer the question is asked; the end of the input
-    // answers No.
-    EXPECT_TRUE(Contiene(Llamar("CancelarCFD 5").texto, "Sin entrada: No\nFalso (0)\n"));
-
-    const Salida si = Celdora_("--si", "call CancelarCFD 5");
-    EXPECT_EQ(si.codigo, 0);
-    EXPECT_TRUE(Contiene(si.texto, "(s/n) Sí (respuesta fija)\nVerdadero (-1)\n")) << si.texto;
-    EXPECT_EQ(Llamar("ExisteCFD 3").texto, "Falso (0)\n");
-
-    // An answer typed at the terminal.
-    EXPECT_TRUE(Contiene(Llamar("CancelarCFD 8", "tal vez\\ns\\n").texto, "(s/n) (s/n) Verdadero (-1)\n"));
-    EXPECT_EQ(Llamar("ExisteCFD_CXC 1").texto, "Falso (0)\n");
-}
-
-TEST_F(Celdora, ChangesTheStateFieldOfALogLine) {
-    EXPECT_EQ(Llamar("CambiarEstadoEnBitacora 3 99").texto, "Verdadero (-1)\n");
-    EXPECT_EQ(Llamar("ValorCampo 'SELECT uf_Datos FROM ut_CFDBitacora WHERE Sys_PK=5' uf_Datos").texto,
-              "|LOPJ7009128T5|A|3|201012345|03/11/2026 11:20:00|3480.00|480.00|0|I||||\n");
-}
-
-TEST_F(Celdora, ShowsTheBoxesAMemberShows) {
-    EXPECT_EQ(Llamar("FolioAprobadoCBB 11").texto,
-              "[Exclamación] El Folio del documento no se encuentra dentro de un rango de folios válido para CBB\n"
-              "Falso (0)\n");
-    EXPECT_EQ(Llamar("FolioAprobadoCBB 9").texto, "Verdadero (-1)\n");
-}
-
-TEST_F(Celdora, PassesAUserInTheGroupsGiven) {
-    EXPECT_EQ(Celdora_("--grupos 3,7", "call PermitirAcceso NVCA316x @usuario").texto, "Verdadero (-1)\n");
-    EXPECT_EQ(Celdora_("--grupos 12", "call PermitirAcceso NVCA316x @usuario").texto,
-              "Tiendaro\n[Crítico] Permiso denegado.\nFalso (0)\n");
-    EXPECT_EQ(Celdora_("--grupos 12", "call PermitirAcceso NVCA316x @usuario 0").texto, "Falso (0)\n");
-    EXPECT_EQ(Llamar("databasetype @conexion").codigo, 0);
-}
-
 TEST_F(Celdora, DecryptsWhatTheCipherEnciphered) {
     std::string cifrado;
     {
@@ -151,54 +74,94 @@ TEST_F(Celdora, DecryptsWhatTheCipherEnciphered) {
     EXPECT_EQ(Llamar("DecryptString '" + cifrado + "'").texto, "contraseña del correo\n");
 }
 
-TEST_F(Celdora, ListsTheMembersOfEachClass) {
-    const Salida acc = Celdora_("", "members");
-    EXPECT_EQ(acc.codigo, 0);
-    EXPECT_EQ(acc.texto.rfind("cAcction: ", 0), 0u);
-    EXPECT_TRUE(Contiene(acc.texto, " miembros en 77 ranuras\n"));
-    EXPECT_TRUE(Contiene(acc.texto, "\n  1  propiedad                 ADOCnn : obj Connection\n")) << acc.texto;
-    EXPECT_TRUE(Contiene(acc.texto,
-                         " 20  método                    CancelarCFD(pkCFD i32, boAsk bool = True, WithTrans bool = "
-                         "True) : bool\n"));
-    EXPECT_TRUE(Contiene(acc.texto, " 44  propiedad de solo lectura TipoComprobanteAGenerar : enumTipoCFD\n"));
-
-    const Salida regimen = Celdora_("", "members cregimenfical");
-    EXPECT_TRUE(Contiene(regimen.texto, "cRegimenFical: 4 miembros en 4 ranuras\n"));
-    EXPECT_TRUE(Contiene(regimen.texto, "  4  método                    setInfo(lsyspk i32, sregimen str, snotas str)\n"));
-    EXPECT_FALSE(Contiene(regimen.texto, "Ranuras guardadas"));
-    EXPECT_TRUE(Contiene(Celdora_("", "members cFolioOrigen").texto,
-                         "  4  propiedad                 MontoFolioFiscalOrig : cur\n"));
-    EXPECT_EQ(Celdora_("", "members cNada").codigo, 2);
-}
-
-TEST_F(Celdora, ExitCodesTellUsageFromFaults) {
-    const Salida falta = Llamar("ExisteCFD");
-    EXPECT_EQ(falta.codigo, 1);
-    EXPECT_EQ(falta.texto, "Error 449 (Argument not optional)\n");
-    EXPECT_EQ(Llamar("ExisteCFD abc").texto, "Error 13 (Type mismatch)\n");
-    EXPECT_EQ(Llamar("ExisteCFD 1 2").codigo, 1);
-
-    EXPECT_EQ(Llamar("ExisteCDF 1").codigo, 2);
-    EXPECT_EQ(Celdora_("--si --no", "call isSet").codigo, 2);
-    EXPECT_EQ(Celdora_("--grupos 3,x", "call isSet").codigo, 2);
-    EXPECT_EQ(Celdora_("", "llamar isSet").codigo, 2);
-
-    const Salida esquema = Correr(std::string("'") + CELDORA_BIN + "' --db postgres://celdora@localhost/empresa call isSet");
-    EXPECT_EQ(esquema.codigo, 2);
-    EXPECT_TRUE(Contiene(esquema.texto, "esquema de conexión no soportado: postgres")) << esquema.texto;
-
-    // A server that does not answer is the server library's fault, not a usage error.
-    const Salida servidor =
-        Correr(std::string("'") + CELDORA_BIN + "' --db mariadb://celdora@127.0.0.1:1/empresa call isSet");
-    EXPECT_EQ(servidor.codigo, 1);
-    EXPECT_TRUE(Contiene(servidor.texto, "Error 2002")) << servidor.texto;
-
-    // A database that does not exist is not created empty.
+// Each step runs celdora on the demo (unless it names another database with
+// --db) with its options and input, in order, as the company changes, and
+// gives its exit code and an output that is, holds or starts with the text:
+// the answer, the boxes and questions shown and LastErrorDescript after the
+// answer; the member lists; usage errors (2) and faults (1). A server that
+// does not answer is the server library's fault, not a usage error; a
+// database that does not exist is not created empty.
+TEST_F(Celdora, AnswersCallsAndListsMembersTellingUsageFromFaultsByTheExitCode) {
+    enum Como { Igual, Contiene, Empieza };
+    const std::string kSi = "Verdadero (-1)\n", kNo = "Falso (0)\n";
     const fs::path otra = carpeta / "no-existe.db";
-    const Salida falta_db = Correr(std::string("'") + CELDORA_BIN + "' --db 'sqlite:" + otra.string() + "' call isSet");
-    EXPECT_EQ(falta_db.codigo, 1);
-    EXPECT_TRUE(Contiene(falta_db.texto, "no existe la base de datos")) << falta_db.texto;
+    const struct {
+        std::string orden, entrada;
+        int codigo;
+        std::string salida;
+        Como como = Igual;
+    } pasos[] = {
+        {"call TipoComprobanteAGenerar", "", 0, "2\n"},
+        {"call ExisteCFD 1", "", 0, kSi},
+        {"call existecfd 14", "", 0, kNo},
+        {"call isSet", "", 0, kSi},
+        {"call RegimenesFicalesCol", "", 0,
+         "2\tPersonas Morales con Fines no Lucrativos\t\n"
+         "1\tRégimen General de Ley Personas Morales\tTítulo II de la Ley del ISR\n"},
+        {"--app Tienda call ApplicationName", "", 0, "Tienda\n"},
+        {"call PosibleCancelar 1", "", 0,
+         kNo + "LastErrorDescript: No se pude cancelar porque el comprobante digital ya ha sido incluido en el "
+               "reporte mensual.\n"},
+        {"call CambiarEstadoEnBitacora 3 5", "", 0,
+         kNo + "LastErrorDescript: Etatus adminisitrativo incorrecto. Debe ser procesado o cancelado.\n"},
+        {"call CambiarEstadoEnBitacora 3 99", "", 0, kSi},
+        {"call ValorCampo 'SELECT uf_Datos FROM ut_CFDBitacora WHERE Sys_PK=5' uf_Datos", "", 0,
+         "|LOPJ7009128T5|A|3|201012345|03/11/2026 11:20:00|3480.00|480.00|0|I||||\n"},
+        // Questions take the fixed answer, or the terminal's: the end of the
+        // input answers No, and an answer that is neither asks again.
+        {"--no call CancelarCFD 5", "", 0,
+         "[Pregunta] ¿Está seguro que desea eliminar el elemento seleccionado?\n(s/n) No (respuesta fija)\n" + kNo},
+        {"call ExisteCFD 3", "", 0, kSi},
+        {"call CancelarCFD 5", "", 0, "Sin entrada: No\n" + kNo, Contiene},
+        {"--si call CancelarCFD 5", "", 0, "(s/n) Sí (respuesta fija)\n" + kSi, Contiene},
+        {"call ExisteCFD 3", "", 0, kNo},
+        {"call CancelarCFD 8", "tal vez\\ns\\n", 0, "(s/n) (s/n) " + kSi, Contiene},
+        {"call ExisteCFD_CXC 1", "", 0, kNo},
+        {"call FolioAprobadoCBB 11", "", 0,
+         "[Exclamación] El Folio del documento no se encuentra dentro de un rango de folios válido para CBB\n" + kNo},
+        {"call FolioAprobadoCBB 9", "", 0, kSi},
+        // A user in the groups given.
+        {"--grupos 3,7 call PermitirAcceso NVCA316x @usuario", "", 0, kSi},
+        {"--grupos 12 call PermitirAcceso NVCA316x @usuario", "", 0, "Tiendaro\n[Crítico] Permiso denegado.\n" + kNo},
+        {"--grupos 12 call PermitirAcceso NVCA316x @usuario 0", "", 0, kNo},
+        {"call databasetype @conexion", "", 0, "", Contiene},
+        {"members", "", 0, "cAcction: ", Empieza},
+        {"members", "", 0, " miembros en 77 ranuras\n  1  propiedad                 ADOCnn : obj Connection\n", Contiene},
+        {"members", "", 0,
+         " 20  método                    CancelarCFD(pkCFD i32, boAsk bool = True, WithTrans bool = True) : bool\n",
+         Contiene},
+        {"members", "", 0, " 44  propiedad de solo lectura TipoComprobanteAGenerar : enumTipoCFD\n", Contiene},
+        {"members cregimenfical", "", 0,
+         "cRegimenFical: 4 miembros en 4 ranuras\n  1  propiedad                 Sys_PK : i32\n  2  propiedad"
+         "                 Regimen : str\n  3  propiedad                 Notas : str\n  4  método                   "
+         " setInfo(lsyspk i32, sregimen str, snotas str)\n"},
+        {"members cFolioOrigen", "", 0, "  4  propiedad                 MontoFolioFiscalOrig : cur\n", Contiene},
+        {"call ExisteCFD", "", 1, "Error 449 (Argument not optional)\n"},
+        {"call ExisteCFD abc", "", 1, "Error 13 (Type mismatch)\n"},
+        {"call ExisteCFD 1 2", "", 1, "", Contiene},
+        {"--db postgres://celdora@localhost/empresa call isSet", "", 2, "esquema de conexión no soportado: postgres",
+         Contiene},
+        {"--db mariadb://celdora@127.0.0.1:1/empresa call isSet", "", 1, "Error 2002", Contiene},
+        {"--db 'sqlite:" + otra.string() + "' call isSet", "", 1, "no existe la base de datos", Contiene},
+    };
+    for (const auto& paso : pasos) {
+        const Salida salida = paso.orden.rfind("--db ", 0) == 0
+                                  ? Correr(std::string("'") + CELDORA_BIN + "' " + paso.orden)
+                                  : Celdora_("", paso.orden, paso.entrada);
+        EXPECT_EQ(salida.codigo, paso.codigo) << paso.orden << "\n" << salida.texto;
+        const std::size_t donde = salida.texto.find(paso.salida);
+        EXPECT_TRUE(paso.como == Igual     ? salida.texto == paso.salida
+                    : paso.como == Empieza ? donde == 0
+                                           : donde != std::string::npos)
+            << paso.orden << "\n" << salida.texto;
+    }
     EXPECT_FALSE(fs::exists(otra));
+    for (const std::string orden :
+         {"call ExisteCDF 1", "--si --no call isSet", "--grupos 3,x call isSet", "llamar isSet", "members cNada",
+          "informe", "informe imprimir", "informe generar --mes 11 --anio 2026",
+          "informe generar --mes 0 --anio 2026 --carpeta x", "informe generar --mes 1 --anio 1984 --carpeta x",
+          "informe ver --carpeta x", "informe ver --si"})
+        EXPECT_EQ(Celdora_("", orden).codigo, 2) << orden;
 }
 
 // --- The monthly report ------------------------------------------------------
@@ -266,16 +229,6 @@ TEST_F(Celdora, AReportThatCannotBeWrittenIsCancelledWhenTheDialogComesBack) {
                                             "/1EKU9003173C9122026.txt\n[Informe mensual al SAT]\n  Cancelar\n"))
         << generar.texto;
     EXPECT_EQ(Llamar("ValorCampo \"SELECT COUNT(*) AS n FROM ut_CFDInforme WHERE uf_Mes=12\" n").texto, "0\n");
-}
-
-TEST_F(Celdora, TheReportCommandRefusesIncompleteOrWrongOptions) {
-    for (const std::string orden :
-         {"informe", "informe imprimir", "informe generar --mes 11 --anio 2026",
-          "informe generar --mes 0 --anio 2026 --carpeta x", "informe generar --mes 1 --anio 1984 --carpeta x",
-          "informe ver --carpeta x", "informe ver --si"}) {
-        const Salida salida = Celdora_("", orden);
-        EXPECT_EQ(salida.codigo, 2) << orden << "\n" << salida.texto;
-    }
 }
 
 TEST(EjemploHost, BindsTheFacadeAndAsksTheDemoCompany) {

@@ -3,8 +3,6 @@
 
 #include "core/Dispatch.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 
 #include "core/Coleccion.h"
@@ -14,9 +12,8 @@
 #include "rules/cConceptoFacHordana.h"
 #include "rules/cFolioOrigen.h"
 #include "rules/cRegimenFical.h"
-#include "tests/support/CompanyFixture.h"
-#include "tests/support/TestPlatform.h"
-#include "tests/value/FaultOf.h"
+#include "tests/support/FachadaDemo.h"
+#include "tests/support/FallaDe.h"
 #include "value/Convert.h"
 
 namespace celdora {
@@ -24,108 +21,87 @@ namespace {
 
 using dispatch::Invocar;
 using dispatch::Leer;
-using testing::CompanyDatabase;
-using testing::TestPlatform;
-using test::FaultOf;
+using testing::Textos;
 
-int Ranura(const std::string& clase, const std::string& nombre) {
+// The number of the fault a call raises, 0 when none.
+template <class Llamada>
+long FaultOf(Llamada&& llamada) {
+    return testing::FallaDe(std::forward<Llamada>(llamada)).number;
+}
+
+// A member as one line: "slot kind name(arguments) : result[ interface]",
+// each argument as "[ByRef ]name type[ interface][ = default as presented]".
+std::string Firma(const std::string& clase, const std::string& nombre) {
     const dispatch::Miembro* m = dispatch::Buscar(clase, nombre);
-    return m ? m->ranura : 0;
+    if (!m) return "(none)";
+    const auto conInterfaz = [](dispatch::Tipo tipo, const std::string& interfaz) {
+        return dispatch::NombreTipo(tipo) + (interfaz.empty() ? "" : " " + interfaz);
+    };
+    std::string texto = std::to_string(m->ranura) + " " + dispatch::NombreClase(m->clase) + " " + m->nombre + "(";
+    for (const auto& a : m->argumentos) {
+        texto += (texto.back() == '(' ? "" : ", ") + std::string(a.porReferencia ? "ByRef " : "") + a.nombre + " " +
+                 conInterfaz(a.tipo, a.interfaz) + (a.opcional ? " = " + dispatch::Presentar(a.omision).at(0) : "");
+    }
+    return texto + ") : " + conInterfaz(m->resultado, m->interfazResultado);
 }
 
 Variant Objeto(std::shared_ptr<Object> objeto) { return Variant(std::move(objeto)); }
 
-// The host's data object with its transactions counted.
-class DataObjectsContados : public host::DataObjects {
-public:
-    explicit DataObjectsContados(std::shared_ptr<host::DataObjects> real) : real_(std::move(real)) {}
-    std::shared_ptr<host::Connection> ADOCnn() const override { return real_->ADOCnn(); }
-    Variant IniciarTransaccion() override {
-        ++inicios;
-        return real_->IniciarTransaccion();
-    }
-    Variant ConfirmarTransaccion(int flag) override {
-        ++confirmaciones;
-        return real_->ConfirmarTransaccion(flag);
-    }
-    Variant RevertirTransaccion(int flag) override { return real_->RevertirTransaccion(flag); }
-
-    int inicios = 0;
-    int confirmaciones = 0;
-
-private:
-    std::shared_ptr<host::DataObjects> real_;
-};
-
-TEST(DispatchTable, SlotsFollowTheInterfaceOrderAndKeepRoomForMembersStillToCome) {
+// Slots follow the interface order and keep room for members still to come:
+// whether or not the dialog members have joined the table, their slots are
+// kept (EliminarAprobacionFolios after Configuracion and
+// AgregarAprobacionFolios, isSet after EliminarInformeMensual).
+TEST(DispatchTable, DescribesSlotsKindsArgumentsAndDefaults) {
     const auto& orden = dispatch::OrdenDeRanuras("cAcction");
     ASSERT_EQ(orden.size(), 77u);
-    EXPECT_EQ(Ranura("cAcction", "ADOCnn"), 1);
-    EXPECT_EQ(Ranura("cAcction", "eCat"), 2);
-    EXPECT_EQ(Ranura("cAcction", "CrearObjetoNothing"), Ranura("cAcction", "guardar_ack_cancelacion") + 1);
-    EXPECT_EQ(Ranura("cAcction", "PorcentajeIVATrasladadoEnVentaFinanciada"),
-              Ranura("cAcction", "RegimenesFicalesCol") + 1);
-    EXPECT_EQ(Ranura("cAcction", "EstablecerPorcentajeIVAVenta_enDCXC"), 77);
-
-    // Whether or not the dialog members have joined the table, their slots
-    // are kept: EliminarAprobacionFolios comes after Configuracion and
-    // AgregarAprobacionFolios, isSet after EliminarInformeMensual.
     EXPECT_EQ(orden[5], "Configuracion");
-    EXPECT_EQ(Ranura("cAcction", "EliminarAprobacionFolios"), 8);
     EXPECT_EQ(orden[27], "EliminarInformeMensual");
-    EXPECT_EQ(Ranura("cAcction", "isSet"), 29);
+    const struct {
+        std::string clase, nombre, firma;
+    } casos[] = {
+        {"cAcction", "adocnn", "1 propiedad ADOCnn() : obj Connection"},
+        {"cAcction", "eCat", "2 propiedad eCat() : obj Catalogo"},
+        {"cAcction", "EliminarAprobacionFolios",
+         "8 método EliminarAprobacionFolios(Sys_PK i32, boAsk bool = Verdadero (-1)) : bool"},
+        {"cAcction", "isSet", "29 método isSet() : bool"},
+        {"cAcction", "PermitirAcceso",
+         "32 método PermitirAcceso(sKey str, oUser obj Usuario, Alerta bool = Verdadero (-1)) : bool"},
+        {"cAcction", "TipoComprobanteAGenerar", "44 propiedad de solo lectura TipoComprobanteAGenerar() : enumTipoCFD"},
+        {"cAcction", "guardar_ack_cancelacion", "69 método guardar_ack_cancelacion(ack str, cfdipk i32) : bool"},
+        {"cAcction", "CrearObjetoNothing", "70 método CrearObjetoNothing() : obj Object"},
+        {"cAcction", "RegimenesFicalesCol", "71 método RegimenesFicalesCol() : obj Coleccion de cRegimenFical"},
+        {"cAcction", "PorcentajeIVATrasladadoEnVentaFinanciada",
+         "72 método PorcentajeIVATrasladadoEnVentaFinanciada(pkventa i32) : f64"},
+        {"cAcction", "EstablecerHordanaTipoFormato",
+         "75 método EstablecerHordanaTipoFormato(pkventa i32, tf i16, DConceptos obj cConceptoFacHordana = "
+         "Nothing) : bool"},
+        {"cAcction", "EstablecerPorcentajeIVAVenta_enDCXC",
+         "77 método EstablecerPorcentajeIVAVenta_enDCXC(pkcxc i32, porcentajeIVA f64) : bool"},
+        {"cRegimenFical", "setInfo", "4 método setInfo(lsyspk i32, sregimen str, snotas str) : "},
+        {"cFolioOrigen", "lastError", "5 propiedad lastError() : str"},
+        {"cFolioOrigen", "cargarInformacion_CFDI",
+         "7 método cargarInformacion_CFDI(pkVentaOrigen i32, oADOCnn obj Connection) : var"},
+        {"cConceptoFacHordana", "ImpuestosB", "13 propiedad ImpuestosB() : f64"},
+        {"cAcction", "ExisteCFDI", "(none)"},
+    };
+    for (const auto& caso : casos) EXPECT_EQ(Firma(caso.clase, caso.nombre), caso.firma);
 
     const auto& miembros = dispatch::MiembrosDe("cAcction");
     EXPECT_LE(miembros.size(), orden.size());
     EXPECT_TRUE(std::is_sorted(miembros.begin(), miembros.end(),
                                [](const auto& a, const auto& b) { return a.ranura < b.ranura; }));
     for (const auto& m : miembros) EXPECT_EQ(orden[static_cast<std::size_t>(m.ranura - 1)], m.nombre);
-}
-
-TEST(DispatchTable, DescribesKindsArgumentsAndDefaults) {
-    const dispatch::Miembro* adocnn = dispatch::Buscar("cAcction", "adocnn");
-    ASSERT_NE(adocnn, nullptr);
-    EXPECT_EQ(adocnn->clase, dispatch::Clase::Propiedad);
-    EXPECT_EQ(adocnn->resultado, dispatch::Tipo::Obj);
-    EXPECT_EQ(adocnn->interfazResultado, "Connection");
-
-    const dispatch::Miembro* tipo = dispatch::Buscar("cAcction", "TipoComprobanteAGenerar");
-    ASSERT_NE(tipo, nullptr);
-    EXPECT_EQ(tipo->clase, dispatch::Clase::PropiedadSoloLectura);
-    EXPECT_EQ(tipo->resultado, dispatch::Tipo::TipoCFD);
-
-    const dispatch::Miembro* permitir = dispatch::Buscar("cAcction", "PermitirAcceso");
-    ASSERT_NE(permitir, nullptr);
-    ASSERT_EQ(permitir->argumentos.size(), 3u);
-    EXPECT_EQ(permitir->argumentos[1].tipo, dispatch::Tipo::Obj);
-    EXPECT_EQ(permitir->argumentos[1].interfaz, "Usuario");
-    EXPECT_FALSE(permitir->argumentos[1].opcional);
-    EXPECT_TRUE(permitir->argumentos[2].opcional);
-    EXPECT_EQ(permitir->argumentos[2].omision, Variant(true));
-
-    const dispatch::Miembro* formato = dispatch::Buscar("cAcction", "EstablecerHordanaTipoFormato");
-    ASSERT_NE(formato, nullptr);
-    EXPECT_EQ(formato->argumentos[1].tipo, dispatch::Tipo::I16);
-    EXPECT_EQ(formato->argumentos[2].interfaz, "cConceptoFacHordana");
-    EXPECT_TRUE(formato->argumentos[2].opcional);
-    EXPECT_FALSE(formato->argumentos[0].porReferencia);
     EXPECT_TRUE(dispatch::MiembrosDe("cNoExiste").empty());
     EXPECT_EQ(dispatch::MiembrosDe("CREGIMENFICAL").size(), 4u);
+    EXPECT_EQ(dispatch::MiembrosDe("cConceptoFacHordana").size(), 13u);
 }
 
-class Dispatch : public ::testing::Test {
+class Dispatch : public testing::FachadaDemo {
 protected:
-    TestPlatform platform;
-    CompanyDatabase db{CompanyDatabase::Datos::Demo};
-    std::shared_ptr<DataObjectsContados> dataObjects = std::make_shared<DataObjectsContados>(db.dataObjects);
-    cAcction facade;
-
-    void SetUp() override {
-        facade.SetDataObjects(dataObjects, std::make_shared<platform::CatalogoPaises>(db.cnn));
-    }
+    void SetUp() override { acc.SetDataObjects(dataObjects, std::make_shared<platform::CatalogoPaises>(db.cnn)); }
 
     Variant Llamar(const std::string& nombre, std::vector<Variant> args = {}) {
-        return Invocar(facade, nombre, args);
+        return Invocar(acc, nombre, args);
     }
 };
 
@@ -134,14 +110,13 @@ TEST_F(Dispatch, AbsentOptionalArgumentsTakeTheirDefaults) {
     // transaction of their own.
     platform.ui.Responder(host::Respuesta::Si);
     EXPECT_EQ(Llamar("CancelarCFD", {5}), Variant(true));
-    EXPECT_EQ(dataObjects->inicios, 1);
-    EXPECT_EQ(dataObjects->confirmaciones, 1);
+    EXPECT_EQ(dataObjects->llamadas, (Textos{"Iniciar", "Confirmar"}));
     EXPECT_EQ(db.Contar("ut_CFD WHERE Sys_PK=5"), 0);
 
     // Given as texts, the same arguments convert: WithTrans "0" is false.
     platform.ui.Responder(host::Respuesta::Si);
     EXPECT_EQ(Llamar("CancelarCFD", {"8", "-1", "0"}), Variant(true));
-    EXPECT_EQ(dataObjects->inicios, 1);
+    EXPECT_EQ(dataObjects->llamadas, (Textos{"Iniciar", "Confirmar"}));
     EXPECT_EQ(db.Contar("ut_CFD WHERE Sys_PK=8"), 0);
 
     // An object argument left out is no object: tf 0 needs none.
@@ -149,32 +124,51 @@ TEST_F(Dispatch, AbsentOptionalArgumentsTakeTheirDefaults) {
     EXPECT_EQ(Llamar("StrConfiguracionLocal", {"NoExiste"}), Variant(""));
 }
 
-TEST_F(Dispatch, ArgumentsThatDoNotConvertStopTheCallBeforeTheMemberRuns) {
-    facade.LastErrorDescript = "anterior";
-    EXPECT_EQ(FaultOf([&] { Llamar("PosibleCancelar", {"abc"}); }), 13);
-    EXPECT_EQ(facade.LastErrorDescript, "anterior");
-    EXPECT_EQ(FaultOf([&] { Llamar("CambiarEstadoEnBitacora", {1, 40000}); }), 6);
-    EXPECT_EQ(FaultOf([&] { Llamar("ExisteCFD", {Variant::Null()}); }), 94);
-
-    // The second argument of CancelarCFD does not convert: the first did,
-    // but nothing ran.
-    EXPECT_EQ(FaultOf([&] { Llamar("CancelarCFD", {5, "quizá"}); }), 13);
+// Arguments that do not convert (13, 6, 94) stop the call before the member
+// runs, also when an earlier one did; so do object arguments of another
+// interface than the member expects. Counts (449, 450) and names (438) are
+// checked as automation checks them.
+TEST_F(Dispatch, CallsThatCannotBeMadeFaultWithTheAutomationNumberAndRunNothing) {
+    auto usuario = std::make_shared<platform::UsuarioConGrupos>(std::vector<std::int32_t>{3, 7});
+    acc.LastErrorDescript = "anterior";
+    const struct {
+        std::string nombre;
+        std::vector<Variant> args;
+        long numero;
+    } casos[] = {
+        {"PosibleCancelar", {"abc"}, 13},
+        {"CambiarEstadoEnBitacora", {1, 40000}, 6},
+        {"ExisteCFD", {Variant::Null()}, 94},
+        {"CancelarCFD", {5, "quizá"}, 13},
+        {"PermitirAcceso", {"NVCA316x", Objeto(db.cnn)}, 13},
+        {"PermitirAcceso", {"NVCA316x", "usuario"}, 13},
+        {"EstablecerHordanaTipoFormato", {9, 2, Objeto(usuario)}, 13},
+        {"ExisteCFD", {}, 449},
+        {"CancelarCFD", {}, 449},
+        {"ExisteCFD", {1, 2}, 450},
+        {"ApplicationName", {"x"}, 450},
+        {"ExisteCFDI", {1}, 438},
+        {"Existe CFD", {1}, 438},
+    };
+    for (const auto& caso : casos) EXPECT_EQ(FaultOf([&] { Llamar(caso.nombre, caso.args); }), caso.numero) << caso.nombre;
+    EXPECT_EQ(FaultOf([&] { dispatch::Escribir(acc, "TipoComprobanteAGenerar", 3); }), 438);
+    EXPECT_EQ(FaultOf([&] { dispatch::Escribir(acc, "ExisteCFD", 3); }), 438);
+    EXPECT_EQ(acc.LastErrorDescript, "anterior");
     EXPECT_EQ(db.Contar("ut_CFD WHERE Sys_PK=5"), 1);
+    EXPECT_EQ(db.Contar("ut_HdFacturaResumen WHERE FKVenta=9"), 0);
     EXPECT_TRUE(platform.ui.Cajas().empty());
+
+    // Case does not matter.
+    EXPECT_EQ(Llamar("existecfd", {1}), Variant(true));
+    EXPECT_EQ(Leer(acc, "TIPOCOMPROBANTEAGENERAR"), Variant::Integer(2));
 }
 
-TEST_F(Dispatch, ObjectArgumentsMustBeOfTheInterfaceTheMemberExpects) {
+TEST_F(Dispatch, ObjectArgumentsOfTheInterfaceTheMemberExpectsPass) {
     auto usuario = std::make_shared<platform::UsuarioConGrupos>(std::vector<std::int32_t>{3, 7});
     EXPECT_EQ(Llamar("PermitirAcceso", {"NVCA316x", Objeto(usuario)}), Variant(true));
-
-    // A connection where a user belongs, and a text where an object belongs.
-    EXPECT_EQ(FaultOf([&] { Llamar("PermitirAcceso", {"NVCA316x", Objeto(db.cnn)}); }), 13);
-    EXPECT_EQ(FaultOf([&] { Llamar("PermitirAcceso", {"NVCA316x", "usuario"}); }), 13);
-
     // Empty passes as no user: nobody matches, and Alerta false keeps quiet.
     EXPECT_EQ(Llamar("PermitirAcceso", {"NVCA316x", Variant(), false}), Variant(false));
     EXPECT_TRUE(platform.ui.Cajas().empty());
-
     // The embedded engine speaks the MySQL dialect, so the probe finds it.
     EXPECT_EQ(Llamar("databasetype", {Objeto(db.cnn)}), Variant::Integer(2));
 
@@ -185,22 +179,6 @@ TEST_F(Dispatch, ObjectArgumentsMustBeOfTheInterfaceTheMemberExpects) {
     concepto->ConceptoResumidoCeroIVA = "OTROS";
     EXPECT_EQ(Llamar("EstablecerHordanaTipoFormato", {9, 2, Objeto(concepto)}), Variant(true));
     EXPECT_EQ(db.Contar("ut_HdFacturaResumen WHERE FKVenta=9"), 2);
-    EXPECT_EQ(FaultOf([&] { Llamar("EstablecerHordanaTipoFormato", {9, 2, Objeto(usuario)}); }), 13);
-}
-
-TEST_F(Dispatch, CountsAndNamesAreCheckedAsAutomationChecksThem) {
-    EXPECT_EQ(FaultOf([&] { Llamar("ExisteCFD"); }), 449);
-    EXPECT_EQ(FaultOf([&] { Llamar("CancelarCFD"); }), 449);
-    EXPECT_EQ(FaultOf([&] { Llamar("ExisteCFD", {1, 2}); }), 450);
-    EXPECT_EQ(FaultOf([&] { Llamar("ApplicationName", {"x"}); }), 450);
-    EXPECT_EQ(FaultOf([&] { Llamar("ExisteCFDI", {1}); }), 438);
-    EXPECT_EQ(FaultOf([&] { Llamar("Existe CFD", {1}); }), 438);
-    EXPECT_EQ(FaultOf([&] { dispatch::Escribir(facade, "TipoComprobanteAGenerar", 3); }), 438);
-    EXPECT_EQ(FaultOf([&] { dispatch::Escribir(facade, "ExisteCFD", 3); }), 438);
-
-    // Case does not matter.
-    EXPECT_EQ(Llamar("existecfd", {1}), Variant(true));
-    EXPECT_EQ(Leer(facade, "TIPOCOMPROBANTEAGENERAR"), Variant::Integer(2));
 }
 
 TEST_F(Dispatch, ResultsCrossAsAutomationValues) {
@@ -210,7 +188,7 @@ TEST_F(Dispatch, ResultsCrossAsAutomationValues) {
     EXPECT_EQ(CInt(Llamar("ExisteCFD", {14})), 0);
     EXPECT_EQ(CStr(existe), "True");
 
-    EXPECT_EQ(Leer(facade, "TipoComprobanteAGenerar").Type(), VarType::Integer);
+    EXPECT_EQ(Leer(acc, "TipoComprobanteAGenerar").Type(), VarType::Integer);
     EXPECT_EQ(Llamar("BlockVentaCFDI_CBB", {8}), Variant::Integer(3));
     EXPECT_EQ(Llamar("PorcentajeIVATrasladadoEnVentaFinanciada", {2}), Variant(16.0));
     EXPECT_EQ(Llamar("ObtenerFechaHora", {"5/3/2012", "7:08:09"}).Type(), VarType::Date);
@@ -228,34 +206,34 @@ TEST_F(Dispatch, ResultsCrossAsAutomationValues) {
 }
 
 TEST_F(Dispatch, PropertiesAreReadAndWrittenByName) {
-    dispatch::Escribir(facade, "ApplicationName", "Tienda");
-    EXPECT_EQ(facade.ApplicationName, "Tienda");
-    dispatch::Escribir(facade, "AppReportsPath", 12);
-    EXPECT_EQ(Leer(facade, "appreportspath"), Variant("12"));
+    dispatch::Escribir(acc, "ApplicationName", "Tienda");
+    EXPECT_EQ(acc.ApplicationName, "Tienda");
+    dispatch::Escribir(acc, "AppReportsPath", 12);
+    EXPECT_EQ(Leer(acc, "appreportspath"), Variant("12"));
 
-    EXPECT_EQ(Leer(facade, "ADOCnn").AsObject(), db.dataObjects->ADOCnn());
-    EXPECT_EQ(FaultOf([&] { dispatch::Escribir(facade, "ADOCnn", Objeto(db.dataObjects)); }), 13);
-    dispatch::Escribir(facade, "ADOCnn", Variant::Null());
-    EXPECT_FALSE(facade.ADOCnn);
-    dispatch::Escribir(facade, "ADOCnn", Objeto(db.cnn));
-    EXPECT_EQ(facade.ADOCnn, db.cnn);
+    EXPECT_EQ(Leer(acc, "ADOCnn").AsObject(), db.dataObjects->ADOCnn());
+    EXPECT_EQ(FaultOf([&] { dispatch::Escribir(acc, "ADOCnn", Objeto(db.dataObjects)); }), 13);
+    dispatch::Escribir(acc, "ADOCnn", Variant::Null());
+    EXPECT_FALSE(acc.ADOCnn);
+    dispatch::Escribir(acc, "ADOCnn", Objeto(db.cnn));
+    EXPECT_EQ(acc.ADOCnn, db.cnn);
 }
 
 TEST_F(Dispatch, PresentsResultsForPeople) {
-    using dispatch::Presentar;
-    EXPECT_EQ(Presentar(Llamar("ExisteCFD", {1})), std::vector<std::string>{"Verdadero (-1)"});
-    EXPECT_EQ(Presentar(Llamar("ExisteCFD", {14})), std::vector<std::string>{"Falso (0)"});
-    EXPECT_EQ(Presentar(Llamar("CrearObjetoNothing")), std::vector<std::string>{"Nothing"});
-    EXPECT_EQ(Presentar(Variant::Null()), std::vector<std::string>{"Null"});
-    EXPECT_TRUE(Presentar(Variant()).empty());
-    EXPECT_EQ(Presentar(Llamar("RegimenesFicalesCol")),
-              (std::vector<std::string>{"2\tPersonas Morales con Fines no Lucrativos\t",
-                                        "1\tRégimen General de Ley Personas Morales\tTítulo II de la Ley del ISR"}));
-    EXPECT_EQ(Presentar(Objeto(std::make_shared<Coleccion>())), std::vector<std::string>{"(colección vacía)"});
+    const std::pair<Variant, Textos> casos[] = {
+        {Llamar("ExisteCFD", {1}), {"Verdadero (-1)"}},
+        {Llamar("ExisteCFD", {14}), {"Falso (0)"}},
+        {Llamar("CrearObjetoNothing"), {"Nothing"}},
+        {Variant::Null(), {"Null"}},
+        {Variant(), {}},
+        {Llamar("RegimenesFicalesCol"), {"2\tPersonas Morales con Fines no Lucrativos\t",
+                                         "1\tRégimen General de Ley Personas Morales\tTítulo II de la Ley del ISR"}},
+        {Objeto(std::make_shared<Coleccion>()), {"(colección vacía)"}},
+    };
+    for (const auto& [valor, lineas] : casos) EXPECT_EQ(dispatch::Presentar(valor), lineas);
 }
 
 TEST_F(Dispatch, TheSmallClassesHaveTablesOfTheirOwn) {
-    EXPECT_EQ(Ranura("cRegimenFical", "setInfo"), 4);
     cRegimenFical regimen;
     std::vector<Variant> args{"7", "Régimen Simplificado", ""};
     EXPECT_TRUE(Invocar(regimen, "SETINFO", args).IsEmpty());
@@ -264,8 +242,6 @@ TEST_F(Dispatch, TheSmallClassesHaveTablesOfTheirOwn) {
     std::vector<Variant> conNull{7, "R", Variant::Null()};
     EXPECT_EQ(FaultOf([&] { Invocar(regimen, "setInfo", conNull); }), 94);
 
-    EXPECT_EQ(Ranura("cFolioOrigen", "lastError"), 5);
-    EXPECT_EQ(Ranura("cFolioOrigen", "cargarInformacion_CFDI"), 7);
     cFolioOrigen origen;
     std::vector<Variant> venta{1, Objeto(db.cnn)};
     const Variant cargado = Invocar(origen, "cargarInformacion_CFD", venta);
@@ -277,8 +253,6 @@ TEST_F(Dispatch, TheSmallClassesHaveTablesOfTheirOwn) {
     std::vector<Variant> sinConexion{1, Objeto(std::make_shared<cRegimenFical>())};
     EXPECT_EQ(FaultOf([&] { Invocar(origen, "cargarInformacion_CFDI", sinConexion); }), 13);
 
-    EXPECT_EQ(dispatch::MiembrosDe("cConceptoFacHordana").size(), 13u);
-    EXPECT_EQ(Ranura("cConceptoFacHordana", "ImpuestosB"), 13);
     cConceptoFacHordana concepto;
     dispatch::Escribir(concepto, "Resumido", "True");
     EXPECT_EQ(CInt(Leer(concepto, "resumido")), -1);

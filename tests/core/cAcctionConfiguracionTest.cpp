@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include <string>
+#include <array>
 
 #include "core/cAcction.h"
 #include "core/mdlMain.h"
@@ -15,71 +15,50 @@
 namespace celdora {
 namespace {
 
-using testing::ConfiguracionPrivada;
-using testing::TestPlatform;
+using Lector = std::string (cAcction::*)(const std::string&, const std::string&);
 
 // Each case gets its own configuration folder and a fresh shared store.
 class ConfiguracionLocal : public ::testing::Test {
 protected:
-    TestPlatform platform;
-    ConfiguracionPrivada configuracion;
+    testing::TestPlatform platform;
+    testing::ConfiguracionPrivada configuracion;
     cAcction facade;
 
     void SetUp() override {
         mdlMain::SoltarObjetosCompartidos();
         facade.ApplicationName = "Tiendaro";
     }
-
     void TearDown() override { mdlMain::SoltarObjetosCompartidos(); }
-
-    // Written as the local settings dialog writes: through the shared store.
-    void Guardar(const std::string& clave, const std::string& valor, const std::string& aplicacion = "Tiendaro",
-                 const std::string& seccion = "Config") {
-        mdlMain::ConfigLocal().GuardarValor(aplicacion, seccion, clave, valor);
-    }
 };
 
-TEST_F(ConfiguracionLocal, StrReadsTheApplicationsConfigSectionWithTheReadersOwnDefault) {
-    Guardar("FE_Timbre001", "timbrado.cMain");
-    Guardar("FE_Timbrar", "0", "OtraAplicacion");
-    Guardar("FE_Timbrar", "0", "Tiendaro", "Otra");
-
-    EXPECT_EQ(facade.StrConfiguracionLocal("Fe_Timbre001"), "timbrado.cMain") << "written FE_, read Fe_";
-    EXPECT_EQ(facade.StrConfiguracionLocal("FE_Timbrar", "1"), "1");
-    EXPECT_EQ(facade.StrConfiguracionLocal("FE_Timbrar", "2"), "2") << "no default is written back";
-    EXPECT_EQ(facade.StrConfiguracionLocal("FE_Timbrar"), "");
-}
-
-TEST_F(ConfiguracionLocal, DblGivesTheNumberInTheMachinesFormatAndEmptyForWhatIsNoNumber) {
-    Guardar("Importe", "0012.50");
-    Guardar("Texto", "doce");
-
-    EXPECT_EQ(facade.DblConfiguracionLocal("Importe"), "12.5");
-    EXPECT_EQ(facade.DblConfiguracionLocal("Texto", "3"), "");
-    EXPECT_EQ(facade.DblConfiguracionLocal("Ausente"), "") << "not \"0\"";
-    EXPECT_EQ(facade.DblConfiguracionLocal("Ausente", "3.0"), "3");
-}
-
-TEST_F(ConfiguracionLocal, BoolGivesTheTextOfTrueOrFalse) {
-    Guardar("Uno", "1");
-    Guardar("Cero", "0");
-    Guardar("MenosUno", "-1");
-    Guardar("Otra", "sí");
-
-    EXPECT_EQ(facade.BoolConfiguracionLocal("Uno"), "True");
-    EXPECT_EQ(facade.BoolConfiguracionLocal("Cero"), "False");
-    EXPECT_EQ(facade.BoolConfiguracionLocal("MenosUno"), "True");
-    EXPECT_EQ(facade.BoolConfiguracionLocal("Otra"), "");
-    EXPECT_EQ(facade.BoolConfiguracionLocal("Ausente"), "");
-    EXPECT_EQ(facade.BoolConfiguracionLocal("Ausente", "false"), "False");
-}
-
-TEST_F(ConfiguracionLocal, WithoutTheStoreAllThreeAnswerEmptyEvenWithADefaultAndSayNothing) {
+// Written as the local settings dialog writes, through the shared store;
+// each reader gives a key (read with its default) as this text.
+TEST_F(ConfiguracionLocal, EachReaderGivesItsTextOfTheApplicationsConfigSection) {
+    for (const auto& [aplicacion, seccion, clave, valor] : std::vector<std::array<std::string, 4>>{
+             {"Tiendaro", "Config", "FE_Timbre001", "timbrado.cMain"}, {"OtraAplicacion", "Config", "FE_Timbrar", "0"},
+             {"Tiendaro", "Otra", "FE_Timbrar", "0"}, {"Tiendaro", "Config", "Importe", "0012.50"},
+             {"Tiendaro", "Config", "Texto", "doce"}, {"Tiendaro", "Config", "Uno", "1"},
+             {"Tiendaro", "Config", "Cero", "0"}, {"Tiendaro", "Config", "MenosUno", "-1"},
+             {"Tiendaro", "Config", "Otra", "sí"}})
+        mdlMain::ConfigLocal().GuardarValor(aplicacion, seccion, clave, valor);
+    const Lector str = &cAcction::StrConfiguracionLocal, dbl = &cAcction::DblConfiguracionLocal,
+                 boo = &cAcction::BoolConfiguracionLocal;
+    const struct {
+        Lector lector;
+        std::string clave, omision, texto;
+    } casos[] = {
+        {str, "Fe_Timbre001", "", "timbrado.cMain"},  // written FE_, read Fe_
+        {str, "FE_Timbrar", "1", "1"}, {str, "FE_Timbrar", "2", "2"},  // no default is written back
+        {str, "FE_Timbrar", "", ""},
+        {dbl, "Importe", "", "12.5"}, {dbl, "Texto", "3", ""}, {dbl, "Ausente", "", ""}, {dbl, "Ausente", "3.0", "3"},
+        {boo, "Uno", "", "True"}, {boo, "Cero", "", "False"}, {boo, "MenosUno", "", "True"}, {boo, "Otra", "", ""},
+        {boo, "Ausente", "", ""}, {boo, "Ausente", "false", "False"},
+    };
+    for (const auto& caso : casos) EXPECT_EQ((facade.*caso.lector)(caso.clave, caso.omision), caso.texto) << caso.clave;
+    // Without the store all three answer empty even with a default, and say nothing.
+    mdlMain::SoltarObjetosCompartidos();
     platform.Quitar(host::progid::cConfigLocal);
-
-    EXPECT_EQ(facade.StrConfiguracionLocal("FE_Timbrar", "1"), "");
-    EXPECT_EQ(facade.DblConfiguracionLocal("Importe", "2"), "");
-    EXPECT_EQ(facade.BoolConfiguracionLocal("Uno", "1"), "");
+    for (const Lector lector : {str, dbl, boo}) EXPECT_EQ((facade.*lector)("Uno", "1"), "");
     EXPECT_TRUE(platform.ui.Cajas().empty());
 }
 
@@ -94,10 +73,8 @@ TEST_F(ConfiguracionLocal, TheStoreIsCreatedOnceForTheProcessAndAgainOnlyAfterIt
     });
     facade.StrConfiguracionLocal("FE_Timbrar");
     facade.DblConfiguracionLocal("FE_Timbrar");
-    cAcction otra;
-    otra.StrConfiguracionLocal("FE_Timbrar");
+    cAcction().StrConfiguracionLocal("FE_Timbrar");
     EXPECT_EQ(creados, 1);
-
     mdlMain::SoltarObjetosCompartidos();
     facade.StrConfiguracionLocal("FE_Timbrar");
     EXPECT_EQ(creados, 2);

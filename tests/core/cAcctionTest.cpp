@@ -4,17 +4,24 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "core/mdlMain.h"
 #include "platform/common/Catalogo.h"
+#include "platform/common/ConexionMotor.h"
 #include "tests/support/CompanyFixture.h"
+#include "tests/support/MotorDeOtroDialecto.h"
 #include "tests/support/TestPlatform.h"
 #include "value/Convert.h"
+#include "value/Format.h"
 #include "value/Regional.h"
 
 namespace celdora {
 namespace {
 
 using testing::CompanyDatabase;
+using testing::Dialecto;
+using testing::MotorDeOtroDialecto;
 using testing::TestPlatform;
 
 class Facade : public ::testing::Test {
@@ -100,19 +107,26 @@ TEST_F(Facade, EndingSwallowsAFailureOfTheSettings) {
     EXPECT_NO_THROW({ cAcction facade; });
 }
 
-TEST_F(Facade, DatabasetypeOnTheEmbeddedEngineAnswersMySqlWithOneProbe) {
+TEST_F(Facade, DatabasetypeProbesEachDialectInTurnAndRemembersNothing) {
     cAcction facade;
     db.sentencias->clear();
     EXPECT_EQ(facade.databasetype(db.cnn), 2);
-    ASSERT_EQ(db.sentencias->size(), 1u);
-    EXPECT_EQ(db.sentencias->front(), "Select UUID() as GUID;");
-    // Nothing is cached: a second call probes again.
-    EXPECT_EQ(facade.databasetype(db.cnn), 2);
-    EXPECT_EQ(db.sentencias->size(), 2u);
-}
-
-TEST_F(Facade, DatabasetypeOfAClosedOrMissingConnectionIsZero) {
-    cAcction facade;
+    EXPECT_EQ(*db.sentencias, std::vector<std::string>{"Select UUID() as GUID;"});
+    const std::vector<std::string> sondas{"Select UUID() as GUID;", "SELECT NEWID() as sGUID;",
+                                          "Select cbool(-1) as Valor;"};
+    // The dialect, its number and how many probes it takes to find it.
+    const std::tuple<Dialecto, int, int> casos[] = {
+        {Dialecto::MySql, 2, 1}, {Dialecto::SqlServer, 3, 2}, {Dialecto::Access, 1, 3}, {Dialecto::Ninguno, 0, 3}};
+    for (int vez = 0; vez < 2; ++vez) {  // nothing is cached: a second call probes again
+        for (const auto& [dialecto, tipo, probadas] : casos) {
+            auto motor = std::make_unique<MotorDeOtroDialecto>(db.cnn->motor(), dialecto);
+            auto& dadas = motor->sentencias;
+            auto conexion = std::make_shared<platform::ConexionMotor>(std::move(motor));
+            EXPECT_EQ(facade.databasetype(conexion), tipo);
+            EXPECT_EQ(dadas, std::vector<std::string>(sondas.begin(), sondas.begin() + probadas));
+        }
+    }
+    // A closed or missing connection is no dialect.
     EXPECT_EQ(facade.databasetype(nullptr), 0);
     db.cnn->Close();
     EXPECT_EQ(facade.databasetype(db.cnn), 0);
@@ -125,32 +139,19 @@ TEST(FacadeText, ReplaceMacrosComparesExactlyAndReplacesEveryOccurrence) {
     EXPECT_EQ(facade.ReplaceMacros("sin cambios", "", "x"), "sin cambios");
 }
 
+// The date of one and the time of the other; on a month-first machine days
+// up to twelve swap with the month, and day 13, which cannot be a month,
+// keeps its day and month.
 TEST(FacadeDates, ObtenerFechaHoraJoinsTheDateOfOneAndTheTimeOfTheOther) {
     cAcction facade;
-    const Date fecha{DateSerial(2012, 3, 5).serial + TimeSerial(23, 59, 0).serial};
+    const auto junta = [&](Date fecha, Date hora) {
+        return Format(Variant(facade.ObtenerFechaHora(fecha, hora)), "yyyy-MM-dd HH:mm:ss");
+    };
     const Date hora{DateSerial(2001, 1, 1).serial + TimeSerial(7, 8, 9).serial};
-
-    const Date junta = facade.ObtenerFechaHora(fecha, hora);
-    EXPECT_EQ(Day(junta), 5);
-    EXPECT_EQ(Month(junta), 3);
-    EXPECT_EQ(Year(junta), 2012);
-    EXPECT_EQ(Hour(junta), 7);
-    EXPECT_EQ(Minute(junta), 8);
-    EXPECT_EQ(Second(junta), 9);
-}
-
-TEST(FacadeDates, ObtenerFechaHoraOnAMonthFirstMachineSwapsDaysUpToTwelve) {
+    EXPECT_EQ(junta(Date{DateSerial(2012, 3, 5).serial + TimeSerial(23, 59, 0).serial}, hora), "2012-03-05 07:08:09");
     ScopedRegional mesPrimero({'.', ',', DateOrder::MonthFirst});
-    cAcction facade;
-    const Date hora = TimeSerial(7, 8, 9);
-
-    const Date cinco = facade.ObtenerFechaHora(DateSerial(2012, 3, 5), hora);
-    EXPECT_EQ(Month(cinco), 5);
-    EXPECT_EQ(Day(cinco), 3);
-    // Day 13 cannot be a month, so that date keeps its day and month.
-    const Date trece = facade.ObtenerFechaHora(DateSerial(2012, 3, 13), hora);
-    EXPECT_EQ(Month(trece), 3);
-    EXPECT_EQ(Day(trece), 13);
+    EXPECT_EQ(junta(DateSerial(2012, 3, 5), TimeSerial(7, 8, 9)), "2012-05-03 07:08:09");
+    EXPECT_EQ(junta(DateSerial(2012, 3, 13), TimeSerial(7, 8, 9)), "2012-03-13 07:08:09");
 }
 
 TEST_F(Facade, EnteroCampoTurnsNullIntoZero) {

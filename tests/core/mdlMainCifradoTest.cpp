@@ -4,10 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <memory>
-#include <string>
-#include <vector>
-
 #include "core/cAcction.h"
 #include "core/mdlMain.h"
 #include "platform/crypto/CifradoAes.h"
@@ -16,69 +12,38 @@
 namespace celdora {
 namespace {
 
-using testing::TestPlatform;
-
 class TextosProtegidos : public ::testing::Test {
 protected:
-    TestPlatform platform;
+    testing::TestPlatform platform;
     cAcction facade;
 };
 
-TEST_F(TextosProtegidos, WhatCifrarTextoEnciphersUnderTheSystemsKeyDecryptStringGivesBack) {
+TEST_F(TextosProtegidos, EachCallEnciphersWithAFreshCipherUnderTheSystemsKeyAndDecryptStringGivesBack) {
+    std::vector<std::shared_ptr<platform::CifradoAes>> cifrados;
+    platform.plataforma.Fabrica().Registrar(host::progid::cCifrado, [&] {
+        cifrados.push_back(std::make_shared<platform::CifradoAes>());
+        return std::static_pointer_cast<Object>(cifrados.back());
+    });
     const std::string cifrado = mdlMain::CifrarTexto("Contraseña del certificado");
-
     EXPECT_EQ(cifrado.find("Contraseña"), std::string::npos);
     EXPECT_EQ(facade.DecryptString(cifrado), "Contraseña del certificado");
+    ASSERT_EQ(cifrados.size(), 2u);
+    EXPECT_NE(cifrados[0], cifrados[1]);
+    EXPECT_EQ(cifrados[0]->Parametros().Algoritmo(), 4);
+    EXPECT_EQ(cifrados[1]->Parametros().Algoritmo(), 4);
 
     // Stored texts open with the key alone, wherever they are read.
     platform::CifradoAes conLaClave;
     conLaClave.Clave("c7a20eQp41vRZ318", 0);
     conLaClave.TextoCifrado(cifrado);
     EXPECT_EQ(conLaClave.TextoClaro(), "Contraseña del certificado");
-}
 
-TEST_F(TextosProtegidos, EveryCallCreatesItsOwnCipherWithAlgorithmFour) {
-    std::vector<std::shared_ptr<platform::CifradoAes>> cifrados;
-    platform.plataforma.Fabrica().Registrar(host::progid::cCifrado, [&] {
-        cifrados.push_back(std::make_shared<platform::CifradoAes>());
-        return std::static_pointer_cast<Object>(cifrados.back());
-    });
-
-    mdlMain::DescifrarTexto(mdlMain::CifrarTexto("uno"));
-
-    ASSERT_EQ(cifrados.size(), 2u);
-    EXPECT_NE(cifrados[0], cifrados[1]);
-    EXPECT_EQ(cifrados[0]->Parametros().Algoritmo(), 4);
-    EXPECT_EQ(cifrados[1]->Parametros().Algoritmo(), 4);
-}
-
-TEST_F(TextosProtegidos, ATextNeverEncipheredOrAMissingCipherGiveEmptyWithoutAFault) {
+    // A text never enciphered, or a missing cipher, gives empty without a fault.
     EXPECT_EQ(facade.DecryptString("esto no está cifrado"), "");
-
-    const std::string cifrado = mdlMain::CifrarTexto("uno");
     platform.Quitar(host::progid::cCifrado);
     EXPECT_EQ(mdlMain::CifrarTexto("uno"), "");
     EXPECT_EQ(facade.DecryptString(cifrado), "");
     EXPECT_TRUE(platform.ui.Cajas().empty());
-}
-
-TEST_F(TextosProtegidos, ObtenerMD5GivesTheSealingComponentsDigest) {
-    EXPECT_EQ(mdlMain::ObtenerMD5("abc"), "900150983cd24fb0d6963f7d28e17f72");
-    EXPECT_TRUE(platform.ui.Cajas().empty());
-}
-
-TEST_F(TextosProtegidos, ObtenerMD5WithoutTheSealingComponentSaysSoAndGivesEmpty) {
-    platform.Quitar(host::progid::Sellora);
-
-    EXPECT_EQ(mdlMain::ObtenerMD5("abc"), "");
-
-    ASSERT_EQ(platform.ui.Cajas().size(), 1u);
-    const auto& caja = platform.ui.Cajas()[0];
-    EXPECT_EQ(caja.texto,
-              "No se pudo guardar la contraseña. Error al crear objeto Sellora.cProccess. Asegurese de que el "
-              "componente está instalado");
-    EXPECT_EQ(caja.icono, host::Icono::Exclamacion);
-    EXPECT_EQ(caja.titulo, "Facturación Electrónica");
 }
 
 // A sealing component that is installed but fails on every digest.
@@ -87,13 +52,19 @@ public:
     std::string getMD5(const std::string&) override { throw Fault{-2147467259, "Unspecified error"}; }
 };
 
-TEST_F(TextosProtegidos, ObtenerMD5WithAFailingComponentGivesEmptyWithoutAMessage) {
+TEST_F(TextosProtegidos, ObtenerMD5GivesTheDigestOrEmptyAndSaysSoOnlyWhenTheComponentIsMissing) {
+    EXPECT_EQ(mdlMain::ObtenerMD5("abc"), "900150983cd24fb0d6963f7d28e17f72");
     platform.plataforma.Fabrica().Registrar(host::progid::Sellora, [] {
         return std::static_pointer_cast<Object>(std::make_shared<SelloQueFalla>());
     });
-
     EXPECT_EQ(mdlMain::ObtenerMD5("abc"), "");
     EXPECT_TRUE(platform.ui.Cajas().empty());
+
+    platform.Quitar(host::progid::Sellora);
+    EXPECT_EQ(mdlMain::ObtenerMD5("abc"), "");
+    ASSERT_EQ(platform.ui.Cajas().size(), 1u);
+    platform.ui.ExpectCaja(0, "No se pudo guardar la contraseña. Error al crear objeto Sellora.cProccess. Asegurese de "
+                              "que el componente está instalado", host::Icono::Exclamacion, "Facturación Electrónica");
 }
 
 }  // namespace

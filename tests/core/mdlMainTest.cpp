@@ -9,79 +9,63 @@
 namespace celdora {
 namespace {
 
-using testing::CompanyDatabase;
-using testing::TestPlatform;
-
 class DataRoutines : public ::testing::Test {
 protected:
-    TestPlatform platform;
-    CompanyDatabase db;
+    testing::TestPlatform platform;
+    testing::CompanyDatabase db;
 
     void SetUp() override {
         db.Ejecutar("INSERT INTO ut_CFDInfo (Sys_PK, uf_noCertificado, uf_Certificado) "
-                    "VALUES (7, '30001000000500003416', NULL)");
-        db.Ejecutar("INSERT INTO ut_CFDInfo (Sys_PK, uf_noCertificado) VALUES (8, '30001000000400002443')");
+                    "VALUES (7, '30001000000500003416', NULL), (8, '30001000000400002443', NULL)");
     }
 };
 
-TEST_F(DataRoutines, AbrirConsultaGivesAnOpenRecordsetEvenWithoutRows) {
+TEST_F(DataRoutines, AbrirConsultaGivesAnOpenRecordsetEvenWithoutRowsAndNoneInSilenceForWhatCannotBeOpened) {
     auto rs = mdlMain::AbrirConsulta(db.cnn, "SELECT Sys_PK FROM ut_CFDInfo WHERE Sys_PK=99");
     ASSERT_TRUE(rs);
     EXPECT_EQ(rs->State(), host::adStateOpen);
-    EXPECT_TRUE(rs->Eof());
-    EXPECT_TRUE(rs->Bof());
+    EXPECT_TRUE(rs->Eof() && rs->Bof());
     rs->Close();
-}
-
-TEST_F(DataRoutines, AbrirConsultaGivesNoneAndNoMessageForWhatCannotBeOpened) {
-    EXPECT_FALSE(mdlMain::AbrirConsulta(db.cnn, "SELECT nothing FROM no_such_table"));
-    EXPECT_FALSE(mdlMain::AbrirConsulta(db.cnn, "SELEC Sys_PK FROM ut_CFDInfo"));
     // A statement without rows leaves the recordset closed, which is none too.
-    EXPECT_FALSE(mdlMain::AbrirConsulta(db.cnn, "UPDATE ut_CFDInfo SET uf_PFX='' WHERE Sys_PK=7"));
+    for (const char* sql : {"SELECT nothing FROM no_such_table", "SELEC Sys_PK FROM ut_CFDInfo",
+                            "UPDATE ut_CFDInfo SET uf_PFX='' WHERE Sys_PK=7"})
+        EXPECT_FALSE(mdlMain::AbrirConsulta(db.cnn, sql)) << sql;
     EXPECT_TRUE(platform.ui.Cajas().empty());
-}
-
-TEST_F(DataRoutines, AbrirConsultaGivesNoneWhenTheRecordsetComponentIsMissing) {
     platform.Quitar(host::progid::Recordset);
     EXPECT_FALSE(mdlMain::AbrirConsulta(db.cnn, "SELECT Sys_PK FROM ut_CFDInfo"));
 }
 
-TEST_F(DataRoutines, AbrirConsultaOnAClosedConnectionGivesNone) {
-    db.cnn->Close();
-    EXPECT_FALSE(mdlMain::AbrirConsulta(db.cnn, "SELECT Sys_PK FROM ut_CFDInfo"));
-}
-
+// The named field or, with no name, the first; Empty for no rows, Null,
+// failures and unknown fields.
 TEST_F(DataRoutines, LeerValorConsultaReadsTheNamedFieldOrTheFirstOne) {
-    Variant named = mdlMain::LeerValorConsulta(
-        db.cnn, "SELECT Sys_PK, uf_noCertificado FROM ut_CFDInfo WHERE Sys_PK=7", "uf_NOCERTIFICADO");
-    EXPECT_EQ(named, Variant("30001000000500003416"));
-
-    Variant first = mdlMain::LeerValorConsulta(db.cnn, "SELECT Sys_PK, uf_noCertificado FROM ut_CFDInfo "
-                                                       "WHERE Sys_PK=8", "");
-    EXPECT_EQ(CLng(first), 8);
+    const struct {
+        std::string sql, campo;
+        Variant valor;
+    } casos[] = {
+        {"SELECT Sys_PK, uf_noCertificado FROM ut_CFDInfo WHERE Sys_PK=7", "uf_NOCERTIFICADO",
+         Variant("30001000000500003416")},
+        {"SELECT Sys_PK, uf_noCertificado FROM ut_CFDInfo WHERE Sys_PK=8", "", Variant::Long(8)},
+        {"SELECT Sys_PK FROM ut_CFDInfo WHERE Sys_PK=99", "Sys_PK", Variant()},
+        {"SELECT uf_Certificado FROM ut_CFDInfo WHERE Sys_PK=7", "uf_Certificado", Variant()},
+        {"SELECT x FROM no_such_table", "x", Variant()},
+        {"SELECT Sys_PK FROM ut_CFDInfo", "no_such_field", Variant()},
+    };
+    for (const auto& caso : casos) {
+        const Variant leido = mdlMain::LeerValorConsulta(db.cnn, caso.sql, caso.campo);
+        EXPECT_EQ(leido.Type(), caso.valor.Type()) << caso.sql;
+        EXPECT_EQ(CStr(leido), CStr(caso.valor)) << caso.sql;
+    }
 }
 
-TEST_F(DataRoutines, LeerValorConsultaIsEmptyForNoRowsNullFailuresAndUnknownFields) {
-    EXPECT_TRUE(mdlMain::LeerValorConsulta(db.cnn, "SELECT Sys_PK FROM ut_CFDInfo WHERE Sys_PK=99", "Sys_PK")
-                    .IsEmpty());
-    EXPECT_TRUE(mdlMain::LeerValorConsulta(db.cnn, "SELECT uf_Certificado FROM ut_CFDInfo WHERE Sys_PK=7",
-                                           "uf_Certificado")
-                    .IsEmpty());
-    EXPECT_TRUE(mdlMain::LeerValorConsulta(db.cnn, "SELECT x FROM no_such_table", "x").IsEmpty());
-    EXPECT_TRUE(mdlMain::LeerValorConsulta(db.cnn, "SELECT Sys_PK FROM ut_CFDInfo", "no_such_field").IsEmpty());
-}
-
-TEST_F(DataRoutines, ExisteRegistroAnswersByTheKey) {
+TEST_F(DataRoutines, ExisteRegistroAnswersTrueWhenItCannotTellWhereAbrirConsultaGivesNone) {
     EXPECT_TRUE(mdlMain::ExisteRegistro(db.cnn, "ut_CFDInfo", 7, "Sys_PK"));
     EXPECT_FALSE(mdlMain::ExisteRegistro(db.cnn, "ut_CFDInfo", 9, "Sys_PK"));
-}
-
-TEST_F(DataRoutines, ExisteRegistroAnswersTrueWhenItCannotTell) {
     // The guards built on it refuse a delete when they cannot tell.
     EXPECT_TRUE(mdlMain::ExisteRegistro(db.cnn, "no_such_table", 1, "Sys_PK"));
     EXPECT_TRUE(mdlMain::ExisteRegistro(db.cnn, "ut_CFDInfo", 1, "no_such_column"));
     db.cnn->Close();
     EXPECT_TRUE(mdlMain::ExisteRegistro(db.cnn, "ut_CFDInfo", 9, "Sys_PK"));
+    EXPECT_FALSE(mdlMain::AbrirConsulta(db.cnn, "SELECT Sys_PK FROM ut_CFDInfo"));
 }
 
 TEST_F(DataRoutines, TextoYNumeroCampoTurnNullIntoEmptyAndZero) {

@@ -16,12 +16,13 @@ namespace celdora::forms {
 namespace {
 
 using testing::FallaDe;
+using Eventos = std::vector<std::string>;
 
 // A dialog with one control of each kind that raises events, and a log of
 // the events in the order they came.
-class Muestra : public Dialogo {
-public:
-    Muestra() : Dialogo("dlgMuestra", "Muestra") {
+class EventosDeControles : public ::testing::Test, public Dialogo {
+protected:
+    EventosDeControles() : Dialogo("dlgMuestra", "Muestra") {
         txt.Change = [this] { eventos.push_back("txt.Change " + txt.Text()); };
         chk.Click = [this] { eventos.push_back("chk.Click " + std::to_string(chk.Value())); };
         optA.Click = [this] { eventos.push_back("optA.Click"); };
@@ -36,8 +37,7 @@ public:
         num.Change = [this] { eventos.push_back("num.Change"); };
     }
 
-    std::vector<std::string> eventos;
-
+    Eventos eventos;
     TextBox& txt = Agregar<TextBox>("txt", "Texto:");
     CheckBox& chk = Agregar<CheckBox>("chk", "Casilla");
     OptionButton& optA = Agregar<OptionButton>("optA", "A", true);
@@ -53,132 +53,106 @@ public:
     CommandButton& btn = Agregar<CommandButton>("btn", "&Aceptar");
 };
 
-TEST(EventosDeControles, ValuesSetFromCodeRaiseTheirHandlersOncePerChange) {
-    Muestra d;
-    d.txt.Text("uno");
-    d.txt.Text("uno");
-    d.chk.Value(1);
-    d.chk.Value(1);
-    d.chk.Value(0);
-    d.num.Value(2.5);
-    d.num.Value(2.5);
-    EXPECT_EQ(d.eventos, (std::vector<std::string>{"txt.Change uno", "chk.Click 1", "chk.Click 0", "num.Change"}));
+TEST_F(EventosDeControles, ValuesSetFromCodeRaiseTheirHandlersOncePerChange) {
+    for (const char* texto : {"uno", "uno"}) txt.Text(texto);
+    for (int valor : {1, 1, 0}) chk.Value(valor);
+    for (double valor : {2.5, 2.5}) num.Value(valor);
+    lst.AddItem("a");
+    lst.AddItem("b");
+    for (int vez = 0; vez < 2; ++vez) lst.Selected(1, true);
+    tab.SelectedItem(1);
+    tab.ClickPagina(1);
+    EXPECT_EQ(eventos, (Eventos{"txt.Change uno", "chk.Click 1", "chk.Click 0", "num.Change", "lst.ItemCheck 1",
+                                "tab.Click 1"}));
 }
 
-TEST(EventosDeControles, OptionButtonsOfAGroupExcludeEachOtherAndOnlyTheNewOneClicks) {
-    Muestra d;
-    d.optC.Colocar("fra");
-    d.optB.Value(true);
-    EXPECT_FALSE(d.optA.Value());
-    EXPECT_TRUE(d.optB.Value());
+TEST_F(EventosDeControles, OptionButtonsOfAGroupExcludeEachOtherAndOnlyTheNewOneClicks) {
     // A button in another container is another group.
-    EXPECT_TRUE(d.optC.Value());
-    d.optB.Value(true);
-    d.optA.Pulsar();
-    EXPECT_EQ(d.eventos, (std::vector<std::string>{"optB.Click", "optA.Click"}));
-    EXPECT_FALSE(d.optB.Value());
+    optC.Colocar("fra");
+    optB.Value(true);
+    EXPECT_EQ((std::vector<bool>{optA.Value(), optB.Value(), optC.Value()}), (std::vector<bool>{false, true, true}));
+    optB.Value(true);
+    optA.Pulsar();
+    EXPECT_EQ(eventos, (Eventos{"optB.Click", "optA.Click"}));
+    EXPECT_FALSE(optB.Value());
 }
 
-TEST(EventosDeControles, ListIndexRaisesClickAndListOnlyComboRefusesForeignText) {
-    Muestra d;
-    d.cmb.AddItem("Enero");
-    d.cmb.AddItem("Febrero");
-    d.cmb.ItemData(1, 2);
-    d.cmb.ListIndex(1);
-    EXPECT_EQ(d.cmb.Text(), "Febrero");
-    d.cmb.Text("Enero");
-    EXPECT_EQ(d.cmb.ListIndex(), 0);
-    EXPECT_EQ(FallaDe([&] { d.cmb.Text("Marzo"); }).number, 383);
-    EXPECT_EQ(FallaDe([&] { d.cmb.ListIndex(2); }).number, 380);
-    d.cmb.Clear();
-    EXPECT_EQ(d.cmb.ListIndex(), -1);
-    EXPECT_EQ(d.cmb.Text(), "");
-    EXPECT_EQ(d.eventos, (std::vector<std::string>{"cmb.Click Febrero", "cmb.Click Enero"}));
+TEST_F(EventosDeControles, ListIndexRaisesClickAndOnlyAnEditableComboTakesForeignText) {
+    cmb.AddItem("Enero");
+    cmb.AddItem("Febrero");
+    cmb.ItemData(1, 2);
+    cmb.ListIndex(1);
+    EXPECT_EQ(cmb.Text(), "Febrero");
+    cmb.Text("Enero");
+    EXPECT_EQ(cmb.ListIndex(), 0);
+    EXPECT_EQ(FallaDe([&] { cmb.Text("Marzo"); }).number, 383);
+    EXPECT_EQ(FallaDe([&] { cmb.ListIndex(2); }).number, 380);
+    cmb.Clear();
+    EXPECT_EQ(cmb.ListIndex(), -1);
+    EXPECT_EQ(cmb.Text(), "");
+    cmbLibre.AddItem("PZA");
+    cmbLibre.Text("PZA");
+    EXPECT_EQ(cmbLibre.ListIndex(), 0);
+    cmbLibre.Text("KG");
+    EXPECT_EQ(cmbLibre.ListIndex(), -1);
+    EXPECT_EQ(eventos,
+              (Eventos{"cmb.Click Febrero", "cmb.Click Enero", "cmbLibre.Change PZA", "cmbLibre.Change KG"}));
 }
 
-TEST(EventosDeControles, EditableComboTextRaisesChangeAndFindsItsItem) {
-    Muestra d;
-    d.cmbLibre.AddItem("PZA");
-    d.cmbLibre.Text("PZA");
-    EXPECT_EQ(d.cmbLibre.ListIndex(), 0);
-    d.cmbLibre.Text("KG");
-    EXPECT_EQ(d.cmbLibre.ListIndex(), -1);
-    EXPECT_EQ(d.eventos, (std::vector<std::string>{"cmbLibre.Change PZA", "cmbLibre.Change KG"}));
-}
-
-TEST(EventosDeControles, ListViewRaisesItsEventsOnlyForAPersonsActions) {
-    Muestra d;
-    d.lvw.Checkboxes(true);
-    d.lvw.AgregarColumna("Nombre");
-    d.lvw.AgregarColumna("Mes");
-    d.lvw.Add("k1", "uno");
-    const int segundo = d.lvw.Add("k2", "dos");
-    d.lvw.SubItem(segundo, 2, "Octubre");
-    EXPECT_EQ(d.lvw.SubItem(segundo, 1), "");
-    EXPECT_EQ(d.lvw.SubItem(segundo, 2), "Octubre");
-    EXPECT_EQ(FallaDe([&] { d.lvw.Add("k1", "otra vez"); }).number, 35602);
+TEST_F(EventosDeControles, ListViewRaisesItsEventsOnlyForAPersonsActions) {
+    lvw.Checkboxes(true);
+    lvw.AgregarColumna("Nombre");
+    lvw.AgregarColumna("Mes");
+    lvw.Add("k1", "uno");
+    lvw.SubItem(lvw.Add("k2", "dos"), 2, "Octubre");
+    EXPECT_EQ((Eventos{lvw.SubItem(1, 1), lvw.SubItem(1, 2)}), (Eventos{"", "Octubre"}));
+    EXPECT_EQ(FallaDe([&] { lvw.Add("k1", "otra vez"); }).number, 35602);
     // From code: no event.
-    d.lvw.Checked(0, true);
-    d.lvw.SelectedItem(0);
-    EXPECT_TRUE(d.eventos.empty());
-    d.lvw.ClickItem(1);
-    d.lvw.MarcarItem(0, false);
-    EXPECT_EQ(d.lvw.SelectedItem(), 1);
-    EXPECT_FALSE(d.lvw.Item(0).checked);
-    EXPECT_EQ(d.eventos, (std::vector<std::string>{"lvw.ItemClick 1", "lvw.ItemCheck 0"}));
-    d.lvw.Clear();
-    EXPECT_EQ(d.lvw.SelectedItem(), -1);
+    lvw.Checked(0, true);
+    lvw.SelectedItem(0);
+    EXPECT_TRUE(eventos.empty());
+    lvw.ClickItem(1);
+    lvw.MarcarItem(0, false);
+    EXPECT_EQ(lvw.SelectedItem(), 1);
+    EXPECT_FALSE(lvw.Item(0).checked);
+    EXPECT_EQ(eventos, (Eventos{"lvw.ItemClick 1", "lvw.ItemCheck 0"}));
+    lvw.Clear();
+    EXPECT_EQ(lvw.SelectedItem(), -1);
 }
 
-TEST(EventosDeControles, ListBoxChecksAndTabPagesRaiseTheirEvents) {
-    Muestra d;
-    d.lst.AddItem("a");
-    d.lst.AddItem("b");
-    d.lst.Selected(1, true);
-    d.lst.Selected(1, true);
-    d.tab.SelectedItem(1);
-    d.tab.ClickPagina(1);
-    EXPECT_EQ(d.eventos, (std::vector<std::string>{"lst.ItemCheck 1", "tab.Click 1"}));
-}
-
-TEST(EventosDeControles, KeyHandlersChangeOrDiscardTypedCharacters) {
-    Muestra d;
+TEST_F(EventosDeControles, TypedTextGoesThroughTheKeyHandlerAndTextFromCodeIsCutToMaxLength) {
     // Digits only, and lower case letters turned to capitals.
-    d.txt.KeyPress = [](int& key) {
+    txt.KeyPress = [](int& key) {
         if (key >= 'a' && key <= 'z') key -= 32;
         else if (key < '0' || key > '9') key = 0;
     };
-    d.txt.MaxLength(4);
-    ASSERT_TRUE(d.txt.Escribir("1-2b34"));
-    EXPECT_EQ(d.txt.Text(), "12B3");
+    txt.MaxLength(4);
+    ASSERT_TRUE(txt.Escribir("1-2b34"));
+    EXPECT_EQ(txt.Text(), "12B3");
+    // Counting characters, not bytes.
+    txt.MaxLength(3);
+    txt.Text("ÑAÑO");
+    EXPECT_EQ(txt.Text(), "ÑAÑ");
 }
 
-TEST(EventosDeControles, TextFromCodeIsCutToMaxLengthCountingCharacters) {
-    Muestra d;
-    d.txt.MaxLength(3);
-    d.txt.Text("ÑAÑO");
-    EXPECT_EQ(d.txt.Text(), "ÑAÑ");
-}
-
-TEST(EventosDeControles, WhatAPersonCannotReachRefusesTheirActions) {
-    Muestra d;
-    d.btn.Enabled(false);
-    EXPECT_FALSE(d.btn.Pulsar());
-    d.txt.Locked(true);
-    EXPECT_FALSE(d.txt.Escribir("x"));
+TEST_F(EventosDeControles, WhatAPersonCannotReachRefusesTheirActions) {
+    btn.Enabled(false);
+    EXPECT_FALSE(btn.Pulsar());
+    txt.Locked(true);
+    EXPECT_FALSE(txt.Escribir("x"));
     // A control inside a disabled frame can't be reached either.
-    d.chk.Colocar("fra");
-    d.fra.Enabled(false);
-    EXPECT_FALSE(d.chk.Pulsar());
-    EXPECT_TRUE(d.eventos.empty());
+    chk.Colocar("fra");
+    fra.Enabled(false);
+    EXPECT_FALSE(chk.Pulsar());
+    EXPECT_TRUE(eventos.empty());
     // Code still sets what a person can't.
-    d.txt.Text("y");
-    EXPECT_EQ(d.txt.Text(), "y");
+    txt.Text("y");
+    EXPECT_EQ(txt.Text(), "y");
 }
 
-TEST(ControlesDeDatos, GridFindsColumnsWithoutRegardToCaseAndKeepsNumbersAsNumbers) {
-    Muestra d;
-    Grid grid(d, "dxGrid", {{"id", "Id", true}, {"IVATrasladado", "IVA", true}, {"serie", "Serie", false}});
+TEST_F(EventosDeControles, DataControlsKeepTheirValuesAsTheSystemReadsThem) {
+    // The grid finds columns without regard to case and keeps numbers as numbers.
+    Grid grid(*this, "dxGrid", {{"id", "Id", true}, {"IVATrasladado", "IVA", true}, {"serie", "Serie", false}});
     const int fila = grid.Append();
     grid.Valor(fila, "IVAtrasladado", Variant(std::string("160.00")));
     grid.Valor(fila, "serie", Variant(std::string("A")));
@@ -188,26 +162,20 @@ TEST(ControlesDeDatos, GridFindsColumnsWithoutRegardToCaseAndKeepsNumbersAsNumbe
     EXPECT_EQ(FallaDe([&] { (void)grid.Columna("total"); }).number, 9);
     grid.Clear();
     EXPECT_EQ(grid.RowCount(), 0);
-}
 
-TEST(ControlesDeDatos, ProgressBarRefusesValuesOutsideItsBounds) {
-    Muestra d;
-    ProgressBar pb(d, "pb");
+    // The progress bar refuses values outside its bounds.
+    ProgressBar pb(*this, "pb");
     pb.Limites(0, 10);
     pb.Value(10);
     EXPECT_EQ(FallaDe([&] { pb.Value(11); }).number, 380);
     pb.Limites(0, 5);
     EXPECT_EQ(pb.Value(), 5);
-}
 
-TEST(ControlesDeDatos, AddressControlKeepsStreetAndNumbersInOneBarredText) {
-    Muestra d;
-    AddressControl dir(d, "eDir");
+    // The address control keeps street and numbers in one barred text.
+    AddressControl dir(*this, "eDir");
     dir.conectar({{7, "Mérida", 1}});
     dir.Separada("Calle 60", "491", "A");
-    EXPECT_EQ(dir.address(), "||Calle 60|491|A");
-    EXPECT_EQ(dir.Calle(), "Calle 60");
-    EXPECT_EQ(dir.NumeroInterior(), "A");
+    EXPECT_EQ((Eventos{dir.address(), dir.Calle(), dir.NumeroInterior()}), (Eventos{"||Calle 60|491|A", "Calle 60", "A"}));
     dir.ciudad(7);
     EXPECT_EQ(dir.pais(), 1);
     dir.limpiar();

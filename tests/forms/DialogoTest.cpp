@@ -63,9 +63,13 @@ public:
     void DialogoCambiado() override { avisos.push_back("dialogo"); }
 };
 
-TEST(CicloDeDialogo, ModalShowingRunsTheScriptAndEndsWhenTheDialogHides) {
+class CicloDeDialogo : public ::testing::Test {
+protected:
     TestPlatform platform;
     Ciclo d;
+};
+
+TEST_F(CicloDeDialogo, ModalShowingRunsTheScriptAndEndsWhenTheDialogHides) {
     platform.ui.AlMostrar("DLGCICLO", [](Dialogo& dialogo) {
         EXPECT_TRUE(dialogo.Visible());
         EXPECT_TRUE(dialogo.Modal());
@@ -74,31 +78,26 @@ TEST(CicloDeDialogo, ModalShowingRunsTheScriptAndEndsWhenTheDialogHides) {
     });
     d.Load();
     d.ShowModal();
-    EXPECT_TRUE(d.Aceptado);
-    EXPECT_FALSE(d.Visible());
-    EXPECT_FALSE(d.Modal());
-    EXPECT_TRUE(d.Cargado());
+    EXPECT_EQ((std::vector<bool>{d.Aceptado, d.Visible(), d.Modal(), d.Cargado()}),
+              (std::vector<bool>{true, false, false, true}));
     EXPECT_EQ(d.txtA.Text(), "hola");
     d.Unload();
     EXPECT_EQ(d.eventos, (std::vector<std::string>{"Load", "btnOK", "Unload"}));
     EXPECT_EQ(platform.ui.Registro(), (std::vector<std::string>{"dialogo: dlgCiclo"}));
 }
 
-TEST(CicloDeDialogo, AHandlerMayHideItsDialogAndShowItModallyAgain) {
-    TestPlatform platform;
-    Ciclo d;
+TEST_F(CicloDeDialogo, AHandlerMayHideItsDialogAndShowItModallyAgain) {
     d.otraVez = true;
-    platform.ui.AlMostrar("dlgCiclo", [](Dialogo& dialogo) { dialogo.Ver<CommandButton>("btnOK").Pulsar(); });
-    platform.ui.AlMostrar("dlgCiclo", [](Dialogo& dialogo) { dialogo.Ver<CommandButton>("btnOK").Pulsar(); });
+    for (int vez = 0; vez < 2; ++vez) {
+        platform.ui.AlMostrar("dlgCiclo", [](Dialogo& dialogo) { dialogo.Ver<CommandButton>("btnOK").Pulsar(); });
+    }
     d.ShowModal();
     EXPECT_TRUE(d.Aceptado);
     EXPECT_EQ(platform.ui.Registro(), (std::vector<std::string>{"dialogo: dlgCiclo", "dialogo: dlgCiclo"}));
     EXPECT_EQ(platform.ui.RespuestasPendientes(), 0u);
 }
 
-TEST(CicloDeDialogo, ClosingTheWindowAsksTheDialogAndUnloadsItUnlessRefused) {
-    TestPlatform platform;
-    Ciclo d;
+TEST_F(CicloDeDialogo, ClosingTheWindowAsksTheDialogAndUnloadsItUnlessRefused) {
     d.permitirCierre = false;
     d.Load();
     d.Show();
@@ -106,16 +105,12 @@ TEST(CicloDeDialogo, ClosingTheWindowAsksTheDialogAndUnloadsItUnlessRefused) {
     EXPECT_TRUE(d.Cargado());
     d.permitirCierre = true;
     d.Cerrar();
-    EXPECT_FALSE(d.Cargado());
-    EXPECT_FALSE(d.Visible());
-    EXPECT_FALSE(d.Aceptado);
+    EXPECT_EQ((std::vector<bool>{d.Cargado(), d.Visible(), d.Aceptado}), (std::vector<bool>{false, false, false}));
     EXPECT_EQ(d.eventos, (std::vector<std::string>{"Load", "QueryUnload", "QueryUnload", "Unload"}));
     EXPECT_EQ(platform.ui.Registro(), (std::vector<std::string>{"ventana: dlgCiclo"}));
 }
 
-TEST(CicloDeDialogo, FocusMovesWithItsEventsAndIsKeptPerDialog) {
-    TestPlatform platform;
-    Ciclo d;
+TEST_F(CicloDeDialogo, FocusMovesWithItsEventsAndIsKeptPerDialog) {
     Ciclo otro;
     d.txtA.SetFocus();
     d.txtB.SetFocus();
@@ -126,8 +121,7 @@ TEST(CicloDeDialogo, FocusMovesWithItsEventsAndIsKeptPerDialog) {
     EXPECT_EQ(d.eventos, (std::vector<std::string>{"txtA.GotFocus", "txtA.LostFocus", "txtB.GotFocus"}));
 }
 
-TEST(CicloDeDialogo, ControlsAreFoundByNameWithoutRegardToCaseAndInDeclarationOrder) {
-    Ciclo d;
+TEST_F(CicloDeDialogo, ControlsAreFoundByNameWithoutRegardToCaseAndInDeclarationOrder) {
     ASSERT_EQ(d.Controles().size(), 3u);
     EXPECT_EQ(d.Controles()[2]->Nombre(), "btnOK");
     EXPECT_EQ(d.Buscar("BTNOK"), &d.btnOK);
@@ -135,22 +129,19 @@ TEST(CicloDeDialogo, ControlsAreFoundByNameWithoutRegardToCaseAndInDeclarationOr
     EXPECT_THROW((void)d.Ver<CheckBox>("btnOK"), Fault);
 }
 
-TEST(CicloDeDialogo, RenderersAreToldOfEveryChangeAndOfTheDialogGoing) {
-    TestPlatform platform;
+TEST_F(CicloDeDialogo, RenderersAreToldOfEveryChangeAndOfTheDialogGoing) {
     Testigo testigo;
     {
-        Ciclo d;
-        d.Observar(&testigo);
-        d.txtA.Text("x");
-        d.btnOK.Enabled(false);
-        d.Caption("Otro");
+        Ciclo e;
+        e.Observar(&testigo);
+        e.txtA.Text("x");
+        e.btnOK.Enabled(false);
+        e.Caption("Otro");
     }
     EXPECT_EQ(testigo.avisos, (std::vector<std::string>{"txtA", "btnOK", "dialogo", "dialogo"}));
 }
 
-TEST(CicloDeDialogo, TheScriptedServiceFailsADialogNobodyExpectedOrOneLeftOpen) {
-    TestPlatform platform;
-    Ciclo d;
+TEST_F(CicloDeDialogo, TheScriptedServiceFailsADialogNobodyExpectedOrOneLeftOpen) {
     EXPECT_NONFATAL_FAILURE(d.ShowModal(), "A dialog nobody expected: dlgCiclo");
     EXPECT_FALSE(d.Cargado());
     Ciclo e;

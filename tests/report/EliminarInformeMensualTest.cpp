@@ -11,96 +11,82 @@
 namespace celdora {
 namespace {
 
-using host::Icono;
 using host::Respuesta;
+using testing::kInformesDemo;
 using testing::Textos;
 
-const std::string kPregunta = "¿Está seguro que desea eliminar el informe mensual seleccionado.?";
 const std::string kSeleccionOctubre =
     "SELECT ut_CFDBitacora.Sys_PK FROM ut_CFD INNER JOIN ut_CFDBitacora ON ut_CFD.Sys_PK=ut_CFDBitacora.uf_CFD "
     "WHERE Year(ut_CFD.Uf_FechaHora)=2026 AND Month(ut_CFD.Uf_FechaHora)=10";
+const std::string kPregunta = "?sn " + testing::kPreguntaEliminar;
 
 class Eliminacion : public testing::InformeFixture {
 protected:
-    bool Eliminar(std::int16_t mes, std::int16_t anio, bool conTransaccion = true, bool preguntar = true) {
+    bool Eliminar(std::int16_t mes, std::int16_t anio = 2026, bool conTransaccion = true, bool preguntar = true) {
         return acc.EliminarInformeMensual(mes, anio, conTransaccion, preguntar);
     }
 };
 
 TEST_F(Eliminacion, DeletesTheReportAndUnmarksEveryLogRowOfTheMonth) {
-    const std::string datosAntes = Texto("SELECT group_concat(uf_Datos, '~') FROM ut_CFDBitacora");
+    const std::string datosAntes = Datos();
     db.Ejecutar("UPDATE ut_CFDBitacora SET uf_Reportado=1 WHERE Sys_PK IN (3,4,5)");
     acc.LastErrorDescript = "texto anterior";
     ui.Responder(Respuesta::Si);
     db.sentencias->clear();
 
-    EXPECT_TRUE(Eliminar(10, 2026));
-    const Textos sentencias = Sentencias();
+    EXPECT_TRUE(Eliminar(10));
 
-    ui.ExpectPregunta(0, kPregunta);
-    EXPECT_EQ(acc.LastErrorDescript, "");
-    // Rows 3 and 4 were never in the report and are unmarked all the same;
-    // November's row 5 is not touched.
-    EXPECT_EQ(Reportados(), "00001000");
-    EXPECT_EQ(Informes(), "1 9/2026 1EKU9003173C9092026");
-    EXPECT_EQ(Texto("SELECT group_concat(uf_Datos, '~') FROM ut_CFDBitacora"), datosAntes);
-    EXPECT_EQ(sentencias, (Textos{"DELETE FROM ut_CFDInforme WHERE uf_Anio=2026 AND uf_Mes=10", kSeleccionOctubre,
+    EXPECT_EQ(Sentencias(), (Textos{"DELETE FROM ut_CFDInforme WHERE uf_Anio=2026 AND uf_Mes=10", kSeleccionOctubre,
                                     "UPDATE ut_CFDBitacora SET uf_Reportado=0 WHERE Sys_PK=1",
                                     "UPDATE ut_CFDBitacora SET uf_Reportado=0 WHERE Sys_PK=2",
                                     "UPDATE ut_CFDBitacora SET uf_Reportado=0 WHERE Sys_PK=3",
                                     "UPDATE ut_CFDBitacora SET uf_Reportado=0 WHERE Sys_PK=4"}));
-    EXPECT_EQ(dataObjects->llamadas, (Textos{"Iniciar", "Confirmar"}));
+    // Rows 3 and 4 were never in the report and are unmarked all the same;
+    // November's row 5 is not touched.
+    EXPECT_EQ(Estado(), (Textos{kPregunta, "llamadas: Iniciar Confirmar", "00001000", "1 9/2026 1EKU9003173C9092026"}));
+    EXPECT_EQ(acc.LastErrorDescript, "");
+    EXPECT_EQ(Datos(), datosAntes);
 }
 
-TEST_F(Eliminacion, NoChangesNothingAndLeavesNoErrorText) {
+TEST_F(Eliminacion, NoChangesNothingAndWithoutQuestionOrTransactionItWorksInTheCallers) {
     ui.Responder(Respuesta::No);
-    EXPECT_FALSE(Eliminar(10, 2026));
+    EXPECT_FALSE(Eliminar(10));
     EXPECT_EQ(acc.LastErrorDescript, "");
     EXPECT_TRUE(Sentencias().empty());
-    EXPECT_TRUE(dataObjects->llamadas.empty());
-}
+    EXPECT_EQ(Estado(), (Textos{kPregunta, "llamadas:", testing::kReportadosDemo, kInformesDemo}));
 
-TEST_F(Eliminacion, WithoutQuestionOrTransactionOfItsOwnItWorksInTheCallers) {
     EXPECT_TRUE(Eliminar(10, 2026, false, false));
-    EXPECT_TRUE(ui.Cajas().empty());
-    EXPECT_TRUE(dataObjects->llamadas.empty());
-    EXPECT_EQ(Reportados(), "00000000");
+    EXPECT_EQ(Estado(), (Textos{kPregunta, "llamadas:", "00000000", "1 9/2026 1EKU9003173C9092026"}));
 }
 
 TEST_F(Eliminacion, AMonthOrYearBelowZeroIsRefusedBeforeTheQuestion) {
-    EXPECT_FALSE(Eliminar(-1, 2026));
-    EXPECT_EQ(acc.LastErrorDescript, "Parámetros incorrectos.");
-    EXPECT_FALSE(Eliminar(10, -1));
-    EXPECT_EQ(acc.LastErrorDescript, "Parámetros incorrectos.");
+    for (const auto& [mes, anio] : {std::pair<std::int16_t, std::int16_t>{-1, 2026}, {10, -1}}) {
+        acc.LastErrorDescript.clear();
+        EXPECT_FALSE(Eliminar(mes, anio));
+        EXPECT_EQ(acc.LastErrorDescript, "Parámetros incorrectos.");
+    }
     EXPECT_TRUE(ui.Cajas().empty());
     EXPECT_TRUE(Sentencias().empty());
 }
 
-TEST_F(Eliminacion, AQueryThatCannotBeOpenedBeginsASecondTimeAndLeavesTheTransactionOpen) {
-    db.Ejecutar("ALTER TABLE ut_CFD RENAME TO ut_CFD_filas");
+TEST_F(Eliminacion, AFailureGivesItsTextAndAnOpenQueryLeavesTheTransactionOpen) {
+    SoloLectura("ut_CFDBitacora");
     ui.Responder(Respuesta::Si);
+    EXPECT_FALSE(Eliminar(10));
+    EXPECT_EQ(acc.LastErrorDescript, "Error 1 (cannot modify ut_CFDBitacora because it is a view)");
+    EXPECT_EQ(Estado(), (Textos{kPregunta, "llamadas: Iniciar Revertir", testing::kReportadosDemo, kInformesDemo}));
 
-    EXPECT_FALSE(Eliminar(10, 2026));
-
+    // A query that cannot be opened begins a second time and leaves the deletion
+    // waiting in the open transaction; whoever ends it decides.
+    db.Ejecutar("ALTER TABLE ut_CFD RENAME TO ut_CFD_filas");
+    dataObjects->llamadas.clear();
+    ui.Responder(Respuesta::Si);
+    EXPECT_FALSE(Eliminar(10));
     EXPECT_EQ(acc.LastErrorDescript, "Imposible continuar. Error de acceso a base de datos.");
     EXPECT_EQ(dataObjects->llamadas, (Textos{"Iniciar", "Iniciar"}));
-    // The deletion waits in the open transaction; whoever ends it decides.
     EXPECT_EQ(Informes(), "1 9/2026 1EKU9003173C9092026");
     EXPECT_EQ(db.dataObjects->RevertirTransaccion(0), Variant(true));
-    EXPECT_EQ(Informes(), "1 9/2026 1EKU9003173C9092026; 2 10/2026 1EKU9003173C9102026");
-}
-
-TEST_F(Eliminacion, AFailingUpdateRollsBackAndGivesTheErrorText) {
-    // The log rows become a view: they read, but cannot be updated.
-    db.Ejecutar("ALTER TABLE ut_CFDBitacora RENAME TO ut_CFDBitacora_filas");
-    db.Ejecutar("CREATE VIEW ut_CFDBitacora AS SELECT * FROM ut_CFDBitacora_filas");
-    ui.Responder(Respuesta::Si);
-
-    EXPECT_FALSE(Eliminar(10, 2026));
-
-    EXPECT_EQ(acc.LastErrorDescript, "Error 1 (cannot modify ut_CFDBitacora because it is a view)");
-    EXPECT_EQ(dataObjects->llamadas, (Textos{"Iniciar", "Revertir"}));
-    EXPECT_EQ(Informes(), "1 9/2026 1EKU9003173C9092026; 2 10/2026 1EKU9003173C9102026");
+    EXPECT_EQ(Informes(), kInformesDemo);
 }
 
 // --- Through the automation table -------------------------------------------
@@ -119,18 +105,17 @@ TEST_F(Eliminacion, TheReportMembersTakeTheirSlotsWithTheirArgumentsByReference)
          {Variant(), Variant(), Variant(true), Variant(true)}},
     };
     for (const auto& e : esperados) {
+        SCOPED_TRACE(e.miembro);
         const dispatch::Miembro* m = dispatch::Buscar("cAcction", e.miembro);
-        ASSERT_NE(m, nullptr) << e.miembro;
-        EXPECT_EQ(m->ranura, e.ranura) << e.miembro;
-        ASSERT_EQ(m->argumentos.size(), e.argumentos.size()) << e.miembro;
+        ASSERT_NE(m, nullptr);
+        EXPECT_EQ(m->ranura, e.ranura);
+        ASSERT_EQ(m->argumentos.size(), e.argumentos.size());
         for (std::size_t i = 0; i < e.argumentos.size(); ++i) {
             const auto& arg = m->argumentos[i];
             EXPECT_EQ(arg.nombre, e.argumentos[i]);
             EXPECT_TRUE(arg.porReferencia) << arg.nombre;
             EXPECT_EQ(arg.opcional, !e.omisiones[i].IsEmpty()) << arg.nombre;
-            if (arg.opcional) {
-                EXPECT_EQ(arg.omision, e.omisiones[i]) << arg.nombre;
-            }
+            EXPECT_EQ(arg.opcional ? arg.omision : Variant(), e.omisiones[i]) << arg.nombre;
         }
     }
     EXPECT_EQ(dispatch::Buscar("cAcction", "GenerarInformeMensual")->argumentos[0].tipo, dispatch::Tipo::I16);
@@ -140,13 +125,10 @@ TEST_F(Eliminacion, TheReportMembersTakeTheirSlotsWithTheirArgumentsByReference)
 TEST_F(Eliminacion, ByNameTheArgumentsComeBackConvertedAndTheDefaultsAsk) {
     ui.Responder(Respuesta::Si);
     std::vector<Variant> argumentos{Variant("10"), Variant(2026.0)};
-
     EXPECT_EQ(dispatch::Invocar(acc, "EliminarInformeMensual", argumentos), Variant(true));
-
     // By reference: the caller's values come back as the member's kinds.
     EXPECT_EQ(argumentos, (std::vector<Variant>{Variant::Integer(10), Variant::Integer(2026)}));
-    ui.ExpectPregunta(0, kPregunta);
-    EXPECT_EQ(dataObjects->llamadas, (Textos{"Iniciar", "Confirmar"}));
+    EXPECT_EQ(Estado(), (Textos{kPregunta, "llamadas: Iniciar Confirmar", "00000000", "1 9/2026 1EKU9003173C9092026"}));
 }
 
 }  // namespace

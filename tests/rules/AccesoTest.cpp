@@ -2,94 +2,51 @@
 // action; the user's groups are loaded only when none are, and a denial
 // shows one of two boxes unless the caller asked for silence.
 
-#include <gtest/gtest.h>
-
-#include <memory>
-#include <string>
-#include <vector>
-
-#include "core/cAcction.h"
 #include "platform/common/Usuario.h"
-#include "tests/support/CompanyFixture.h"
-#include "tests/support/TestPlatform.h"
+#include "tests/support/FachadaDemo.h"
 
 namespace celdora {
 namespace {
 
-using testing::CompanyDatabase;
-using testing::TestPlatform;
+using Acceso = testing::FachadaDemo;
 
-class PermitirAcceso : public ::testing::Test {
-protected:
-    TestPlatform platform;
-    CompanyDatabase db{CompanyDatabase::Datos::Demo};
-    cAcction facade;
-    // A user in the groups Ventas (3) and Cobranza (7).
-    std::shared_ptr<platform::UsuarioConGrupos> usuario =
-        std::make_shared<platform::UsuarioConGrupos>(std::vector<std::int32_t>{3, 7});
+TEST_F(Acceso, PermitirAccesoByTheListOfGroups) {
+    // permiso nullptr: a key never saved. titulo nullptr: no box.
+    const struct {
+        const char* permiso;
+        bool conUsuario, alerta, permite;
+        int cargas;
+        const char* titulo;
+    } casos[] = {
+        {"7;12", true, true, true, 1, nullptr},  // the user's last group
+        {"12;70; 3", true, true, true, 1, nullptr},  // the first group; a piece counts by its leading number
+        {"12;70", true, true, false, 1, "Tiendaro"},
+        {"7;12", false, true, false, 0, "Tiendaro"},
+        {"   ", true, true, false, 0, ""},
+        {" * ", true, true, true, 0, nullptr},
+        {nullptr, true, true, true, 0, nullptr},
+        {"12;70", true, false, false, 1, nullptr},
+        {"", true, false, false, 0, nullptr},
+    };
+    for (const auto& caso : casos) {
+        SCOPED_TRACE(caso.permiso ? caso.permiso : "(never saved)");
+        // A user in the groups Ventas (3) and Cobranza (7).
+        auto usuario = std::make_shared<platform::UsuarioConGrupos>(std::vector<std::int32_t>{3, 7});
+        const std::string clave = caso.permiso ? "NVCA317x" : "NVCA326xb";
+        ASSERT_TRUE(!caso.permiso || acc.GlobalVar->GuardarTexto(clave, caso.permiso));
+        const std::size_t antes = platform.ui.Cajas().size();
 
-    void SetUp() override { facade.SetDataObjects(db.dataObjects, nullptr); }
+        EXPECT_EQ(acc.PermitirAcceso(clave, caso.conUsuario ? usuario : nullptr, caso.alerta), caso.permite);
+        if (caso.permite) {
+            EXPECT_TRUE(acc.PermitirAcceso(clave, usuario, caso.alerta));
+        }
 
-    void Permiso(const std::string& valor) { ASSERT_TRUE(facade.GlobalVar->GuardarTexto("NVCA317x", valor)); }
-
-    void EsperarDenegaciones(std::size_t cuantas, const std::string& titulo) {
-        ASSERT_EQ(platform.ui.Cajas().size(), cuantas);
-        for (const auto& caja : platform.ui.Cajas()) {
-            EXPECT_EQ(caja.texto, "Permiso denegado.");
-            EXPECT_EQ(caja.icono, host::Icono::Critico);
-            EXPECT_EQ(caja.titulo, titulo);
+        EXPECT_EQ(usuario->VecesCargado(), caso.cargas) << "the groups are loaded once, and only when none are";
+        ASSERT_EQ(platform.ui.Cajas().size(), antes + (caso.titulo ? 1 : 0));
+        if (caso.titulo) {
+            platform.ui.ExpectCaja(antes, "Permiso denegado.", host::Icono::Critico, caso.titulo);
         }
     }
-};
-
-TEST_F(PermitirAcceso, AUserInAListedGroupPasses) {
-    Permiso("7;12");
-    EXPECT_TRUE(facade.PermitirAcceso("NVCA317x", usuario));
-    Permiso("12; 7");
-    EXPECT_TRUE(facade.PermitirAcceso("NVCA317x", usuario)) << "a piece counts by the number it starts with";
-    EXPECT_TRUE(platform.ui.Cajas().empty());
-}
-
-TEST_F(PermitirAcceso, AUserInNoListedGroupOrNoUserIsDeniedWithTheTitledBox) {
-    Permiso("12;70");
-    EXPECT_FALSE(facade.PermitirAcceso("NVCA317x", usuario));
-    Permiso("7;12");
-    EXPECT_FALSE(facade.PermitirAcceso("NVCA317x", nullptr));
-    Permiso("12;");
-    EXPECT_FALSE(facade.PermitirAcceso("NVCA317x", usuario)) << "a list with an empty piece is not empty";
-    EsperarDenegaciones(3, "Tiendaro");
-}
-
-TEST_F(PermitirAcceso, AnEmptyOrBlankListDeniesEveryoneWithTheUntitledBox) {
-    Permiso("");
-    EXPECT_FALSE(facade.PermitirAcceso("NVCA317x", usuario));
-    Permiso("   ");
-    EXPECT_FALSE(facade.PermitirAcceso("NVCA317x", usuario));
-    EsperarDenegaciones(2, "");
-    EXPECT_EQ(usuario->VecesCargado(), 0);
-}
-
-TEST_F(PermitirAcceso, AnAsteriskOrAKeyNeverSavedAllowsEveryoneWithoutAskingTheUser) {
-    Permiso(" * ");
-    EXPECT_TRUE(facade.PermitirAcceso("NVCA317x", usuario));
-    EXPECT_TRUE(facade.PermitirAcceso("NVCA326xb", usuario));
-    EXPECT_EQ(usuario->VecesCargado(), 0);
-    EXPECT_TRUE(platform.ui.Cajas().empty());
-}
-
-TEST_F(PermitirAcceso, TheGroupsAreLoadedOnceAndOnlyWhenNoneAreLoaded) {
-    Permiso("12;70;7;3");
-    EXPECT_TRUE(facade.PermitirAcceso("NVCA317x", usuario));
-    EXPECT_TRUE(facade.PermitirAcceso("NVCA317x", usuario));
-    EXPECT_EQ(usuario->VecesCargado(), 1);
-}
-
-TEST_F(PermitirAcceso, WithAlertaFalseADenialShowsNothing) {
-    Permiso("12;70");
-    EXPECT_FALSE(facade.PermitirAcceso("NVCA317x", usuario, false));
-    Permiso("");
-    EXPECT_FALSE(facade.PermitirAcceso("NVCA317x", usuario, false));
-    EXPECT_TRUE(platform.ui.Cajas().empty());
 }
 
 }  // namespace

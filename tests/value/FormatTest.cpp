@@ -1,113 +1,62 @@
 #include <gtest/gtest.h>
 
-#include "FaultOf.h"
+#include <string>
+
+#include "Casos.h"
 #include "value/Format.h"
-#include "value/Regional.h"
 
 namespace celdora {
 namespace {
 
-using test::FaultOf;
+using namespace test;
 
-const Regional kCommaDecimal{',', '.', DateOrder::DayFirst};
-const Regional kMonthFirst{'.', ',', DateOrder::MonthFirst};
+struct Formato {
+    Variant valor;
+    std::string patron;
+    std::string esperado;
+};
+
+void Formatos(std::initializer_list<Formato> casos) {
+    for (const auto& caso : casos) EXPECT_EQ(Format(caso.valor, caso.patron), caso.esperado) << caso.patron;
+}
 
 TEST(FormatNumberTest, AmountFormatOfTheMonthlyReport) {
-    EXPECT_EQ(Format(0.0, "#.00"), ".00");
-    EXPECT_EQ(Format(0.5, "#.00"), ".50");
-    EXPECT_EQ(Format(-0.5, "#.00"), "-.50");
-    EXPECT_EQ(Format(1160.0, "#.00"), "1160.00");
-    EXPECT_EQ(Format(1234567.891, "#.00"), "1234567.89");
     // Half away from zero on the 15-digit decimal form, not on the binary value.
-    EXPECT_EQ(Format(1.005, "#.00"), "1.01");
-    EXPECT_EQ(Format(-1.005, "#.00"), "-1.01");
-    EXPECT_EQ(Format(2.675, "#.00"), "2.68");
-    EXPECT_EQ(Format(0.125, "#.00"), ".13");
-    EXPECT_EQ(Format(0.994, "#.00"), ".99");
-    EXPECT_EQ(Format(0.995, "#.00"), "1.00");
-    EXPECT_EQ(Format(99.999, "#.00"), "100.00");
-    EXPECT_EQ(Format(Variant::Long(7), "#.00"), "7.00");
-    EXPECT_EQ(Format(Currency{11600050}, "#.00"), "1160.01");
-}
-
-TEST(FormatNumberTest, TextsAreReadAsNumbers) {
-    EXPECT_EQ(Format("1160", "#.00"), "1160.00");
-    EXPECT_EQ(Format(" 1.005 ", "#.00"), "1.01");
-    EXPECT_EQ(Format(".00", "#.00"), ".00");
-    EXPECT_EQ(Format("", "#.00"), "");
-    EXPECT_EQ(Format("N/A", "#.00"), "N/A");
-    EXPECT_EQ(Format(Variant::Null(), "#.00"), "");
-    EXPECT_EQ(Format(Variant(), "#.00"), "");
+    Formatos({{0.0, "#.00", ".00"}, {0.5, "#.00", ".50"}, {-0.5, "#.00", "-.50"}, {1160.0, "#.00", "1160.00"},
+              {1234567.891, "#.00", "1234567.89"}, {1.005, "#.00", "1.01"}, {-1.005, "#.00", "-1.01"},
+              {2.675, "#.00", "2.68"}, {0.125, "#.00", ".13"}, {0.994, "#.00", ".99"}, {0.995, "#.00", "1.00"},
+              {99.999, "#.00", "100.00"}, {Variant::Long(7), "#.00", "7.00"}, {Currency{11600050}, "#.00", "1160.01"},
+              {"1160", "#.00", "1160.00"}, {" 1.005 ", "#.00", "1.01"}, {".00", "#.00", ".00"}, {"", "#.00", ""},
+              {"N/A", "#.00", "N/A"}, {Variant::Null(), "#.00", ""}, {Variant(), "#.00", ""}});
     ScopedRegional comma(kCommaDecimal);
-    EXPECT_EQ(Format("1160,5", "#.00"), "1160,50");
-    EXPECT_EQ(Format(0.5, "#.00"), ",50");
+    Formatos({{"1160,5", "#.00", "1160,50"}, {0.5, "#.00", ",50"}, {1234.5, "$ #,#.##", "$ 1.234,5"}});
 }
 
-TEST(FormatNumberTest, ZeroPlaceholdersPad) {
-    EXPECT_EQ(Format(3, "00"), "03");
-    EXPECT_EQ(Format(12, "00"), "12");
-    EXPECT_EQ(Format(123, "00"), "123");
-    EXPECT_EQ(Format(42, "000000"), "000042");
-    EXPECT_EQ(Format(1234567, "000000"), "1234567");
-    EXPECT_EQ(Format(2.5, "00"), "03");
-    EXPECT_EQ(Format(0.5, "0.00"), "0.50");
-    EXPECT_EQ(Format(0.0, "0"), "0");
-    EXPECT_EQ(Format(0.0, "#"), "");
-    EXPECT_EQ(Format(5.0, "#"), "5");
-    EXPECT_EQ(Format(-3, "00"), "-03");
+TEST(FormatNumberTest, PlaceholdersGroupingSectionsScalingAndExponents) {
+    Formatos({{3, "00", "03"}, {12, "00", "12"}, {123, "00", "123"}, {42, "000000", "000042"},
+              {1234567, "000000", "1234567"}, {2.5, "00", "03"}, {0.5, "0.00", "0.50"}, {0.0, "0", "0"},
+              {0.0, "#", ""}, {5.0, "#", "5"}, {-3, "00", "-03"}, {1234.5, "$ #,#.##", "$ 1,234.5"},
+              {0.0, "$ #,#.##", "$ ."}, {1234567.125, "$ #,#.##", "$ 1,234,567.13"}, {12.0, "$ #,#.##", "$ 12."},
+              {-1234.5, "$ #,#.##", "-$ 1,234.5"}, {1234.5, "#,##0.00", "1,234.50"}, {0.0, "#,##0.00", "0.00"},
+              {999.0, "#,##0", "999"}, {1000.0, "#,##0", "1,000"}, {-5, "#,##0;(#,##0)", "(5)"},
+              {0, "#,##0;(#,##0);cero", "cero"}, {5, "#,##0;(#,##0);cero", "5"}, {0.256, "0.0%", "25.6%"},
+              {1234567.0, "#,##0,", "1,235"}, {1234.5, "0.00E+00", "1.23E+03"}, {0.00012, "0.0E-0", "1.2E-4"},
+              {9.999, "0.00E+00", "1.00E+01"}, {5551234, "###-####", "555-1234"}, {7, "\"No. \"0", "No. 7"},
+              {5.25, ".00", "5.25"}, {1234567, "(###) ###-####", "() 123-4567"}, {1234.5, "Standard", "1,234.50"}});
 }
 
-TEST(FormatNumberTest, Grouping) {
-    EXPECT_EQ(Format(1234.5, "$ #,#.##"), "$ 1,234.5");
-    EXPECT_EQ(Format(0.0, "$ #,#.##"), "$ .");
-    EXPECT_EQ(Format(1234567.125, "$ #,#.##"), "$ 1,234,567.13");
-    EXPECT_EQ(Format(12.0, "$ #,#.##"), "$ 12.");
-    EXPECT_EQ(Format(-1234.5, "$ #,#.##"), "-$ 1,234.5");
-    EXPECT_EQ(Format(1234.5, "#,##0.00"), "1,234.50");
-    EXPECT_EQ(Format(0.0, "#,##0.00"), "0.00");
-    EXPECT_EQ(Format(999.0, "#,##0"), "999");
-    EXPECT_EQ(Format(1000.0, "#,##0"), "1,000");
-    ScopedRegional comma(kCommaDecimal);
-    EXPECT_EQ(Format(1234.5, "$ #,#.##"), "$ 1.234,5");
-}
-
-TEST(FormatNumberTest, SectionsScalingAndExponents) {
-    EXPECT_EQ(Format(-5, "#,##0;(#,##0)"), "(5)");
-    EXPECT_EQ(Format(0, "#,##0;(#,##0);cero"), "cero");
-    EXPECT_EQ(Format(5, "#,##0;(#,##0);cero"), "5");
-    EXPECT_EQ(Format(0.256, "0.0%"), "25.6%");
-    EXPECT_EQ(Format(1234567.0, "#,##0,"), "1,235");
-    EXPECT_EQ(Format(1234.5, "0.00E+00"), "1.23E+03");
-    EXPECT_EQ(Format(0.00012, "0.0E-0"), "1.2E-4");
-    EXPECT_EQ(Format(9.999, "0.00E+00"), "1.00E+01");
-    EXPECT_EQ(Format(5551234, "###-####"), "555-1234");
-    EXPECT_EQ(Format(7, "\"No. \"0"), "No. 7");
-    EXPECT_EQ(Format(5.25, ".00"), "5.25");
-    EXPECT_EQ(Format(1234567, "(###) ###-####"), "() 123-4567");
-    EXPECT_EQ(Format(1234.5, "Standard"), "1,234.50");
-}
-
-TEST(FormatDateTest, FormatsTheSystemNames) {
+TEST(FormatDateTest, FormatsTheSystemNamesOfDatesTextsAndNumbers) {
     const Date date = MakeDate({2012, 3, 5, 17, 8, 9});
-    EXPECT_EQ(Format(date, "dd/mm/yyyy"), "05/03/2012");
-    EXPECT_EQ(Format(date, "yyyy-mm-dd"), "2012-03-05");
-    EXPECT_EQ(Format(date, "yyyy-MM-dd HH:mm:ss"), "2012-03-05 17:08:09");
-    EXPECT_EQ(Format(date, "d/m/yy h:n:s"), "5/3/12 17:8:9");
-    EXPECT_EQ(Format(date, "hh:mm AM/PM"), "05:08 PM");
-    EXPECT_EQ(Format(date, "dddd d \\de mmmm"), "lunes 5 de marzo");
-    EXPECT_EQ(Format(DateSerial(2012, 12, 31), "y q w ww"), "366 4 2 53");
-    EXPECT_EQ(Format(Date{0.0}, "yyyy-MM-dd HH:mm:ss"), "1899-12-30 00:00:00");
-}
-
-TEST(FormatDateTest, TextsAndNumbersAsDates) {
-    EXPECT_EQ(Format("5/3/2012", "yyyy-mm-dd"), "2012-03-05");
-    EXPECT_EQ(Format("2012-03-05 17:08:09", "dd/mm/yyyy"), "05/03/2012");
-    EXPECT_EQ(Format("no date", "dd/mm/yyyy"), "no date");
-    EXPECT_EQ(Format(40973, "dd/mm/yyyy"), "05/03/2012");
+    Formatos({{date, "dd/mm/yyyy", "05/03/2012"}, {date, "yyyy-mm-dd", "2012-03-05"},
+              {date, "yyyy-MM-dd HH:mm:ss", "2012-03-05 17:08:09"}, {date, "d/m/yy h:n:s", "5/3/12 17:8:9"},
+              {date, "hh:mm AM/PM", "05:08 PM"}, {date, "dddd d \\de mmmm", "lunes 5 de marzo"},
+              {DateSerial(2012, 12, 31), "y q w ww", "366 4 2 53"},
+              {Date{0.0}, "yyyy-MM-dd HH:mm:ss", "1899-12-30 00:00:00"}, {"5/3/2012", "yyyy-mm-dd", "2012-03-05"},
+              {"2012-03-05 17:08:09", "dd/mm/yyyy", "05/03/2012"}, {"no date", "dd/mm/yyyy", "no date"},
+              {40973, "dd/mm/yyyy", "05/03/2012"}});
     {
         ScopedRegional monthFirst(kMonthFirst);
-        EXPECT_EQ(Format("5/3/2012", "yyyy-mm-dd"), "2012-05-03");
-        EXPECT_EQ(Format(DateSerial(2012, 3, 5), "Short Date"), "03/05/2012");
+        Formatos({{"5/3/2012", "yyyy-mm-dd", "2012-05-03"}, {DateSerial(2012, 3, 5), "Short Date", "03/05/2012"}});
     }
     EXPECT_EQ(Format(DateSerial(2012, 3, 5), "Short Date"), "05/03/2012");
 }
@@ -117,21 +66,16 @@ TEST(FormatNumberTest, ManyPatternsInTurnEachKeepTheirOwnReading) {
     for (int vuelta = 0; vuelta < 2; ++vuelta) {
         for (std::size_t ceros = 1; ceros <= 100; ++ceros) {
             EXPECT_EQ(Format(7, std::string(ceros, '0')), std::string(ceros - 1, '0') + "7");
-            EXPECT_EQ(Format(1234.5, "#,##0.00;(#)"), "1,234.50");
-            EXPECT_EQ(Format(-1234.5, "#,##0.00;(#)"), "(1235)");
+            Formatos({{1234.5, "#,##0.00;(#)", "1,234.50"}, {-1234.5, "#,##0.00;(#)", "(1235)"}});
         }
     }
-    ScopedRegional comma(Regional{',', '.', DateOrder::DayFirst});
+    ScopedRegional comma(kCommaDecimal);
     EXPECT_EQ(Format(1234.5, "#,##0.00;(#)"), "1.234,50");
 }
 
 TEST(FormatTest, TextFormatsAndOtherKinds) {
-    EXPECT_EQ(Format("abc", ">"), "ABC");
-    EXPECT_EQ(Format("ñu", ">@@@@"), "  ÑU");
-    EXPECT_EQ(Format("abc", "!@@"), "abc");
-    EXPECT_EQ(Format(true, "Yes/No"), "Yes");
-    EXPECT_EQ(Format(0.5, ""), "0.5");
-    EXPECT_EQ(Format(true, ""), "True");
+    Formatos({{"abc", ">", "ABC"}, {"ñu", ">@@@@", "  ÑU"}, {"abc", "!@@", "abc"}, {true, "Yes/No", "Yes"},
+              {0.5, "", "0.5"}, {true, "", "True"}});
     EXPECT_EQ(FaultOf([] { Format(Bytes{1}, "#"); }), 13);
 }
 

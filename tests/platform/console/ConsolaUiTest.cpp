@@ -2,20 +2,22 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <fstream>
 #include <sstream>
+#include <vector>
+
+#include "tests/support/CarpetaTemporal.h"
 
 namespace celdora::platform {
 namespace {
 
-using host::Botones;
-using host::Icono;
-using host::Respuesta;
+using B = host::Botones;
+using I = host::Icono;
+using R = host::Respuesta;
+using F = ConsolaUi::RespuestaFija;
 
 struct Terminal {
-    explicit Terminal(const std::string& teclado, ConsolaUi::RespuestaFija fija = ConsolaUi::RespuestaFija::Ninguna)
-        : in(teclado), ui(in, out, fija) {}
+    explicit Terminal(const std::string& teclado, F fija = F::Ninguna) : in(teclado), ui(in, out, fija) {}
     std::string Resto() { return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()}; }
 
     std::istringstream in;
@@ -23,56 +25,52 @@ struct Terminal {
     ConsolaUi ui;
 };
 
-TEST(ConsolaUiMsgBox, ShowsTitleIconAndTextAndDoesNotWaitOnOk) {
-    Terminal t("s\n");
-    EXPECT_EQ(t.ui.MsgBox("Permiso denegado.", Botones::Aceptar, Icono::Critico, "Tiendaro"), Respuesta::Aceptar);
-    EXPECT_EQ(t.ui.MsgBox("Falta valor del campo RFC del emisor.", Botones::Aceptar, Icono::Exclamacion, ""),
-              Respuesta::Aceptar);
-    EXPECT_EQ(t.ui.MsgBox("Sin icono", Botones::Aceptar, Icono::Ninguno, ""), Respuesta::Aceptar);
-    EXPECT_EQ(t.out.str(),
-              "Tiendaro\n[Crítico] Permiso denegado.\n"
-              "[Exclamación] Falta valor del campo RFC del emisor.\n"
-              "Sin icono\n");
-    EXPECT_EQ(t.Resto(), "s\n") << "an OK box reads nothing";
-}
+// A box "Listo" with these buttons, icon and title, answered from this
+// keyboard: the answer, and everything the terminal printed. Every keyboard
+// but an empty one ends with a line "x" that the box must leave unread.
+struct Caja {
+    F fija;
+    B botones;
+    I icono;
+    std::string titulo, teclado;
+    R respuesta;
+    std::string salida;
+};
 
-TEST(ConsolaUiMsgBox, ReadsTheAnswerAndAsksAgainUntilItIsOne) {
-    Terminal t("n\n  SÍ \r\nquizá\nS\ncancelar\nA\n");
-    EXPECT_EQ(t.ui.MsgBox("¿Desea continuar?", Botones::SiNo, Icono::Pregunta, ""), Respuesta::No);
-    EXPECT_EQ(t.ui.MsgBox("¿Desea continuar?", Botones::SiNo, Icono::Pregunta, ""), Respuesta::Si);
-    EXPECT_EQ(t.ui.MsgBox("¿Sobreescribir?", Botones::SiNo, Icono::Pregunta, ""), Respuesta::Si);
-    EXPECT_EQ(t.ui.MsgBox("¿Guardar?", Botones::SiNoCancelar, Icono::Pregunta, ""), Respuesta::Cancelar);
-    EXPECT_EQ(t.ui.MsgBox("¿Seguir?", Botones::AceptarCancelar, Icono::Informacion, ""), Respuesta::Aceptar);
-
-    const std::string out = t.out.str();
-    EXPECT_NE(out.find("[Pregunta] ¿Sobreescribir?\n(s/n) (s/n) "), std::string::npos) << out;
-    EXPECT_NE(out.find("(s/n/c) "), std::string::npos);
-    EXPECT_NE(out.find("(a/c) "), std::string::npos);
-}
-
-TEST(ConsolaUiMsgBox, EndOfInputAnswersNoOrCancelAndSaysSo) {
-    Terminal t("");
-    EXPECT_EQ(t.ui.MsgBox("¿Desea eliminar?", Botones::SiNo, Icono::Pregunta, ""), Respuesta::No);
-    EXPECT_EQ(t.ui.MsgBox("¿Guardar?", Botones::SiNoCancelar, Icono::Pregunta, ""), Respuesta::Cancelar);
-    EXPECT_EQ(t.ui.MsgBox("¿Seguir?", Botones::AceptarCancelar, Icono::Pregunta, ""), Respuesta::Cancelar);
-    const std::string out = t.out.str();
-    EXPECT_NE(out.find("Sin entrada: No\n"), std::string::npos) << out;
-    EXPECT_NE(out.find("Sin entrada: Cancelar\n"), std::string::npos) << out;
-}
-
-TEST(ConsolaUiMsgBox, FixedAnswerReadsNothingAndPrintsWhatWasTaken) {
-    Terminal si("n\n", ConsolaUi::RespuestaFija::Si);
-    EXPECT_EQ(si.ui.MsgBox("¿Desea eliminar?", Botones::SiNo, Icono::Pregunta, ""), Respuesta::Si);
-    EXPECT_EQ(si.ui.MsgBox("¿Seguir?", Botones::AceptarCancelar, Icono::Pregunta, ""), Respuesta::Aceptar);
-    EXPECT_NE(si.out.str().find("(s/n) Sí (respuesta fija)\n"), std::string::npos) << si.out.str();
-    EXPECT_EQ(si.Resto(), "n\n");
-
-    Terminal no("s\n", ConsolaUi::RespuestaFija::No);
-    EXPECT_EQ(no.ui.MsgBox("¿Desea eliminar?", Botones::SiNo, Icono::Pregunta, ""), Respuesta::No);
-    EXPECT_EQ(no.ui.MsgBox("¿Guardar?", Botones::SiNoCancelar, Icono::Pregunta, ""), Respuesta::No);
-    EXPECT_EQ(no.ui.MsgBox("¿Seguir?", Botones::AceptarCancelar, Icono::Pregunta, ""), Respuesta::Cancelar);
-    EXPECT_NE(no.out.str().find("(s/n) No (respuesta fija)\n"), std::string::npos);
-    EXPECT_EQ(no.Resto(), "s\n");
+TEST(ConsolaUiMsgBox, PrintsTitleIconAndTextAndReadsTheAnswer) {
+    const std::vector<Caja> casos{
+        {F::Ninguna, B::Aceptar, I::Critico, "Tiendaro", "s\nx\n", R::Aceptar, "Tiendaro\n[Crítico] Listo\n"},
+        {F::Ninguna, B::Aceptar, I::Exclamacion, "", "x\n", R::Aceptar, "[Exclamación] Listo\n"},
+        {F::Ninguna, B::Aceptar, I::Ninguno, "", "x\n", R::Aceptar, "Listo\n"},
+        {F::Ninguna, B::SiNo, I::Pregunta, "", "n\nx\n", R::No, "[Pregunta] Listo\n(s/n) "},
+        {F::Ninguna, B::SiNo, I::Pregunta, "", "  SÍ \r\nx\n", R::Si, "[Pregunta] Listo\n(s/n) "},
+        // Anything else is asked again.
+        {F::Ninguna, B::SiNo, I::Pregunta, "", "quizá\nS\nx\n", R::Si, "[Pregunta] Listo\n(s/n) (s/n) "},
+        {F::Ninguna, B::SiNoCancelar, I::Pregunta, "", "cancelar\nx\n", R::Cancelar, "[Pregunta] Listo\n(s/n/c) "},
+        {F::Ninguna, B::AceptarCancelar, I::Informacion, "", "A\nx\n", R::Aceptar, "[Información] Listo\n(a/c) "},
+        // The end of the input answers No or Cancel, and says so.
+        {F::Ninguna, B::SiNo, I::Pregunta, "", "", R::No, "[Pregunta] Listo\n(s/n) \nSin entrada: No\n"},
+        {F::Ninguna, B::SiNoCancelar, I::Pregunta, "", "", R::Cancelar,
+         "[Pregunta] Listo\n(s/n/c) \nSin entrada: Cancelar\n"},
+        {F::Ninguna, B::AceptarCancelar, I::Pregunta, "", "", R::Cancelar,
+         "[Pregunta] Listo\n(a/c) \nSin entrada: Cancelar\n"},
+        // A fixed answer reads nothing and prints what was taken.
+        {F::Si, B::SiNo, I::Pregunta, "", "n\nx\n", R::Si, "[Pregunta] Listo\n(s/n) Sí (respuesta fija)\n"},
+        {F::Si, B::AceptarCancelar, I::Pregunta, "", "x\n", R::Aceptar,
+         "[Pregunta] Listo\n(a/c) Aceptar (respuesta fija)\n"},
+        {F::No, B::SiNo, I::Pregunta, "", "s\nx\n", R::No, "[Pregunta] Listo\n(s/n) No (respuesta fija)\n"},
+        {F::No, B::SiNoCancelar, I::Pregunta, "", "x\n", R::No, "[Pregunta] Listo\n(s/n/c) No (respuesta fija)\n"},
+        {F::No, B::AceptarCancelar, I::Pregunta, "", "x\n", R::Cancelar,
+         "[Pregunta] Listo\n(a/c) Cancelar (respuesta fija)\n"},
+    };
+    for (const Caja& caja : casos) {
+        SCOPED_TRACE(caja.salida);
+        Terminal t(caja.teclado, caja.fija);
+        EXPECT_EQ(t.ui.MsgBox("Listo", caja.botones, caja.icono, caja.titulo), caja.respuesta);
+        EXPECT_EQ(t.out.str(), caja.salida);
+        const bool lee = caja.fija == F::Ninguna && caja.botones != B::Aceptar;
+        EXPECT_EQ(t.Resto(), lee && !caja.teclado.empty() ? "x\n" : caja.teclado);
+    }
 }
 
 TEST(ConsolaUiPickers, AskForAPathAndTakeAnEmptyLineAsCancel) {
@@ -98,10 +96,9 @@ TEST(ConsolaUiServicios, KeepsTheClipboardAndLoadsPicturesByContents) {
     t.ui.ClipboardClear();
     EXPECT_EQ(t.ui.Portapapeles(), "");
 
-    const auto ruta = std::filesystem::temp_directory_path() / "celdora-consola-imagen.jpg";
-    std::ofstream(ruta, std::ios::binary) << "GIF89a\x01\x02";
-    const auto picture = t.ui.LoadPicture(ruta.string());
-    std::filesystem::remove(ruta);
+    const testing::CarpetaTemporal carpeta;
+    std::ofstream(carpeta / "imagen.jpg", std::ios::binary) << "GIF89a\x01\x02";
+    const auto picture = t.ui.LoadPicture(carpeta / "imagen.jpg");
     ASSERT_NE(picture, nullptr);
     EXPECT_EQ(picture->Formato(), "gif");
 }

@@ -1,7 +1,9 @@
 #include "platform/crypto/CifradoAes.h"
+#include "platform/crypto/ProcesoSello.h"
 
 #include <gtest/gtest.h>
 
+#include <regex>
 #include <string>
 
 namespace celdora::platform {
@@ -26,15 +28,13 @@ std::string Descifrar(const std::string& texto, const std::string& clave = kClav
     return cifrado.TextoClaro();
 }
 
+// Strict base64 of at least one byte.
 bool EsBase64(const std::string& texto) {
-    if (texto.empty() || texto.size() % 4 != 0) return false;
-    const std::size_t fin = texto.find_last_not_of('=');
-    if (texto.size() - fin - 1 > 2) return false;
-    return texto.substr(0, fin + 1).find_first_not_of(
-               "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/") == std::string::npos;
+    static const std::regex base64("([A-Za-z0-9+/]{4})*([A-Za-z0-9+/]{4}|[A-Za-z0-9+/]{3}=|[A-Za-z0-9+/]{2}==)");
+    return std::regex_match(texto, base64);
 }
 
-TEST(CifradoAes, RoundTripsAnyUtf8TextAsPrintableBase64) {
+TEST(CifradoAes, RoundTripsAnyUtf8TextAsPrintableBase64UnderItsKeyOnly) {
     std::string largo;
     while (largo.size() < 4096) largo += "Línea de texto ñ € 0123456789 ";
     for (const std::string& texto : {std::string("12345678a"), std::string("Contraseña: áéíóú ÁÉÍÓÚ ñÑ ü €"),
@@ -43,26 +43,17 @@ TEST(CifradoAes, RoundTripsAnyUtf8TextAsPrintableBase64) {
         EXPECT_TRUE(EsBase64(cifrado)) << cifrado;
         EXPECT_EQ(Descifrar(cifrado), texto);
     }
-}
-
-TEST(CifradoAes, SameTextEnciphersDifferentlyEachTimeButBothDecipher) {
-    const std::string primero = Cifrar("12345678a");
-    const std::string segundo = Cifrar("12345678a");
-    EXPECT_NE(primero, segundo);
-    EXPECT_EQ(Descifrar(primero), "12345678a");
-    EXPECT_EQ(Descifrar(segundo), "12345678a");
-}
-
-TEST(CifradoAes, AnyAlgorithmValueAndKeysOfOtherLengthsRoundTrip) {
+    // The same text enciphers differently each time, and both decipher.
+    const std::string otraVez = Cifrar("12345678a");
+    EXPECT_NE(Cifrar("12345678a"), otraVez);
+    EXPECT_EQ(Descifrar(otraVez), "12345678a");
+    // Any algorithm value, and keys of other lengths, round-trip.
     EXPECT_EQ(Descifrar(Cifrar("secreto"), kClaveSistema, 0), "secreto");
     EXPECT_EQ(Descifrar(Cifrar("secreto", "corta"), "corta"), "secreto");
     EXPECT_EQ(Descifrar(Cifrar("secreto", ""), ""), "secreto");
-}
-
-TEST(CifradoAes, ADifferentKeyDoesNotGiveThePlainTextBack) {
-    const std::string cifrado = Cifrar("12345678a");
+    // Another key does not give the text back.
     for (const std::string& otra : {std::string("c7a20eQp41vRZ319"), std::string("0000000000000000")})
-        EXPECT_NE(Descifrar(cifrado, otra), "12345678a");
+        EXPECT_NE(Descifrar(otraVez, otra), "12345678a");
     EXPECT_NE(Descifrar(Cifrar("12345678a", kClaveSistema + "x"), kClaveSistema), "12345678a");
 }
 
@@ -87,6 +78,13 @@ TEST(CifradoAes, TextNeverEncipheredGivesTheEmptyString) {
     }
     // Altering the last block breaks its padding, or else changes the text.
     EXPECT_NE(Descifrar(alterado), "12345678a");
+}
+
+TEST(ProcesoSello, Md5IsLowercaseHexOfTheTextBytes) {
+    ProcesoSello sello;
+    EXPECT_EQ(sello.getMD5(""), "d41d8cd98f00b204e9800998ecf8427e");
+    EXPECT_EQ(sello.getMD5("abc"), "900150983cd24fb0d6963f7d28e17f72");
+    EXPECT_EQ(sello.getMD5("contraseña"), "4c882dcb24bcb1bc225391a602feca7c");  // its UTF-8 bytes
 }
 
 }  // namespace

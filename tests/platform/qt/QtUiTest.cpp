@@ -126,7 +126,7 @@ struct SelectorVisto {
     }
 };
 
-TEST_F(QtUiTest, FilePickersGiveThePathChosenOrNothingWhenCancelled) {
+TEST_F(QtUiTest, FileAndFolderPickersGiveThePathChosenOrNothingWhenCancelled) {
     CarpetaTemporal carpeta;
     const std::string destino = carpeta / "informe.txt";
     SelectorVisto visto;
@@ -144,17 +144,11 @@ TEST_F(QtUiTest, FilePickersGiveThePathChosenOrNothingWhenCancelled) {
 
     ResponderSelector(std::nullopt);
     EXPECT_EQ(qt.ui.ShowOpen({"", "", ""}), std::nullopt);
-}
 
-TEST_F(QtUiTest, TheFolderPickerGivesTheFolderChosen) {
-    CarpetaTemporal carpeta;
     std::filesystem::create_directories(carpeta.ruta() / "Informes");
-    const std::string elegida = carpeta / "Informes";
-    SelectorVisto visto;
-    ResponderSelector(QString::fromStdString(elegida), visto.Ver());
-    EXPECT_EQ(qt.ui.BrowseForFolder("Seleccione la carpeta destino", carpeta.ruta().string()), elegida);
+    ResponderSelector(QString::fromStdString(carpeta / "Informes"), visto.Ver());
+    EXPECT_EQ(qt.ui.BrowseForFolder("Seleccione la carpeta destino", carpeta.ruta().string()), carpeta / "Informes");
     EXPECT_EQ(visto.titulo, "Seleccione la carpeta destino");
-
     ResponderSelector(std::nullopt);
     EXPECT_EQ(qt.ui.BrowseForFolder("Carpeta", "/no/existe"), std::nullopt);
 }
