@@ -132,6 +132,36 @@ TEST_F(Certificado, ALoadedRowShowsThePasswordEncipheredAndLocksTheNumberOfACert
     platform.ui.ExpectCaja(2, "Clave incorrecta.", Icono::Exclamacion);
 }
 
+// A changed row goes back through a recordset that reads its key apart. The
+// password is enciphered again only when both fields were retyped; retyping
+// only the first can't match the cipher in the second.
+TEST_F(Certificado, AChangedRowKeepsThePasswordByteForByteUnlessItWasRetyped) {
+    const std::string cifrada = mdlMain::CifrarTexto("12345678a");
+    db.Ejecutar("UPDATE ut_CFDInfo SET uf_Clave='" + cifrada + "'");
+    Textos filas, sentencias;
+    for (const std::string claves : {"", "nueva nueva", "nueva"}) {
+        platform.ui.Responder(host::Respuesta::No);
+        const Variant aceptado = Abrir(3, [&](dlgcertificado& d) {
+            d.txtCertificado.Text("otro.cer");
+            if (!claves.empty()) d.txtPWD.Text("nueva"), d.txtPWD2.Text(claves.size() > 5 ? "nueva" : cifrada);
+            d.btnOK.Pulsar();
+        });
+        if (claves.empty()) sentencias.assign(db.sentencias->begin() + desde + 4, db.sentencias->end());
+        for (const std::string& escrita : Escritas()) sentencias.push_back(escrita);
+        const std::string clave = Texto("SELECT uf_Clave FROM ut_CFDInfo WHERE Sys_PK=3");
+        filas.push_back(CStr(aceptado) + " " + Texto("SELECT uf_Certificado || '|' || ifnull(uf_PFX, 'Null') FROM "
+                                                     "ut_CFDInfo WHERE Sys_PK=3") +
+                        " " + (clave == cifrada ? "igual" : mdlMain::DescifrarTexto(clave)));
+    }
+    EXPECT_EQ(filas, (Textos{"True otro.cer| igual", "True otro.cer| nueva", "False otro.cer| nueva"}));
+    const std::string kUpdate = "UPDATE ut_CFDInfo SET uf_noCertificado=?,uf_Certificado=?,uf_LlavePrivada=?,uf_PFX=?";
+    EXPECT_EQ(sentencias, (Textos{"Select uf_noCertificado,uf_Certificado,uf_LLavePrivada,uf_PFX, uf_clave FROM "
+                                  "ut_CFDInfo WHERE Sys_PK=3", "SELECT Sys_PK FROM ut_CFDInfo WHERE Sys_PK=3",
+                                  kUpdate + " WHERE Sys_PK=?", kUpdate + " WHERE Sys_PK=?",
+                                  kUpdate + ",uf_Clave=? WHERE Sys_PK=?"}));
+    platform.ui.ExpectCaja(2, "La contraseña no coincide.", Icono::Informacion);
+}
+
 // Beside the certificate, from the stored password deciphered: the PFX opens
 // with openssl and holds the certificate; a second press stops at it.
 TEST_F(Certificado, ThePFXIsBuiltBesideTheCertificateFromTheStoredPasswordAndNeverReplaced) {
