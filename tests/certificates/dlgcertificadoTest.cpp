@@ -105,33 +105,6 @@ TEST_F(Certificado, ANewRowIsWrittenAndItsKeyReadBackByNumberThePFXAskedForBeyon
                            Icono::Ninguno, kTitulo, host::Botones::SiNo);
 }
 
-// The password stands enciphered in both fields, so retyping only the first
-// can't match; a null PFX path loads empty; a cancelled browse keeps the field.
-TEST_F(Certificado, ALoadedRowShowsThePasswordEncipheredAndLocksTheNumberOfACertificateInUse) {
-    const std::string cifrada = mdlMain::CifrarTexto("12345678a");
-    db.Ejecutar("UPDATE ut_CFDInfo SET uf_Clave='" + cifrada + "'");
-    for (int i = 0; i < 2; ++i) platform.ui.Elegir(std::nullopt);
-    Textos vistos;
-    for (std::int32_t clave : {1, 3}) {
-        EXPECT_EQ(Abrir(clave, [&](dlgcertificado& d) {
-            vistos.push_back(d.txtNumCertificado.Text() + (d.txtNumCertificado.Enabled() ? " [" : " x [") +
-                             d.txtPFX.Text() + "] " + d.txtPWD.Text() + " " + d.txtPWD2.Text());
-            d.txtPWD.Text("nueva");
-            d.btnOK.Pulsar();
-            d.txtPFX.Pulsar();
-            d.txtPrivateKey.Pulsar();  // not empty: no picker
-        }), Variant(false));
-    }
-    EXPECT_EQ(vistos, (Textos{"30001000000400002443 x [] " + cifrada + " " + cifrada,
-                              "30001000000500003456 [] " + cifrada + " " + cifrada}));
-    EXPECT_EQ(Escritas(), Textos{});
-    ASSERT_EQ(platform.ui.Selecciones().size(), 2u);
-    EXPECT_EQ(platform.ui.Selecciones()[0].filtro, "Archivo pfx *.pfx|*.pfx");
-    platform.ui.ExpectCaja(1, "La contraseña no coincide.", Icono::Informacion);
-    EXPECT_FALSE(acc.ModificarCertificado(-1));
-    platform.ui.ExpectCaja(2, "Clave incorrecta.", Icono::Exclamacion);
-}
-
 // A changed row goes back through a recordset that reads its key apart. The
 // password is enciphered again only when both fields were retyped; retyping
 // only the first can't match the cipher in the second.
@@ -160,6 +133,10 @@ TEST_F(Certificado, AChangedRowKeepsThePasswordByteForByteUnlessItWasRetyped) {
                                   kUpdate + " WHERE Sys_PK=?", kUpdate + " WHERE Sys_PK=?",
                                   kUpdate + ",uf_Clave=? WHERE Sys_PK=?"}));
     platform.ui.ExpectCaja(2, "La contraseña no coincide.", Icono::Informacion);
+    // A certificate in use keeps its number; a key below 1 is refused.
+    Abrir(1, [](dlgcertificado& d) { EXPECT_FALSE(d.txtNumCertificado.Enabled()); });
+    EXPECT_FALSE(acc.ModificarCertificado(-1));
+    platform.ui.ExpectCaja(3, "Clave incorrecta.", Icono::Exclamacion);
 }
 
 // Beside the certificate, from the stored password deciphered: the PFX opens
