@@ -4,7 +4,12 @@
 #include <map>
 
 #include "cbb/dlgConfigFoliosCBB.h"
+#include "certificates/dlgRangoFolios.h"
+#include "certificates/dlgcertificado.h"
+#include "certificates/frmBlockXCer.h"
+#include "certificates/frmPFX.h"
 #include "core/cAcction.h"
+#include "core/mdlMain.h"
 #include "report/dlgExportarInforme.h"
 #include "printformats/dlgImpresion.h"
 #include "report/dlgInforme.h"
@@ -77,11 +82,37 @@ Fabrica ConFachada() {
     };
 }
 
+// The certificate and folio range editors as their add commands open them,
+// for a new row.
+template <class Editor>
+std::unique_ptr<forms::Dialogo> EditorNuevo(cAcction& accion) {
+    auto dialogo = std::make_unique<Editor>();
+    dialogo->setObjects(accion);
+    return dialogo;
+}
+
+// The blocks of the certificate with the lowest key, since the dialog needs
+// one; with no certificate the list stays empty.
+std::unique_ptr<forms::Dialogo> BlocksDelPrimerCertificado(cAcction& accion) {
+    auto dialogo = std::make_unique<frmBlockXCer>();
+    dialogo->setObjects(accion);
+    auto recordset = mdlMain::AbrirConsulta(accion.ADOCnn, "SELECT Sys_PK, uf_noCertificado FROM ut_CFDInfo ORDER BY Sys_PK");
+    if (recordset && !recordset->Eof()) {
+        std::int32_t clave = static_cast<std::int32_t>(mdlMain::NumeroCampo(*recordset, "Sys_PK"));
+        std::string numero = mdlMain::TextoCampo(*recordset, "uf_noCertificado");
+        dialogo->setCer(clave, numero);
+    }
+    if (recordset) recordset->Close();
+    return dialogo;
+}
+
 const std::map<std::string, Fabrica>& Fabricas() {
     static const std::map<std::string, Fabrica> fabricas = {
         {"dlgAddress", Simple<dlgAddress>()},
+        {"dlgcertificado", EditorNuevo<dlgcertificado>},
         {"dlgConfigAvz", ConFachada<dlgConfigAvz>()},
         {"dlgConfigFoliosCBB", RangoCBBNuevo},
+        {"dlgRangoFolios", EditorNuevo<dlgRangoFolios>},
         {"dlgExportarInforme", NavegadorDeInformes},
         {"dlgFormaFacturacionHordana", Simple<dlgFormaFacturacionHordana>()},
         {"dlgFormaPago", Simple<dlgFormaPago>()},
@@ -89,7 +120,9 @@ const std::map<std::string, Fabrica>& Fabricas() {
         {"dlgImpresionCBB", [](cAcction& accion) { return Impresion(accion, impresion::kImpresionCBB); }},
         {"dlgInforme", GeneracionDeInforme},
         {"dlgLocal", ConFachada<dlgLocal>()},
+        {"frmBlockXCer", BlocksDelPrimerCertificado},
         {"frmPB", Simple<frmPB>()},
+        {"frmPFX", Simple<frmPFX>()},
         {"frmSaveAs", Simple<frmSaveAs>()},
     };
     return fabricas;

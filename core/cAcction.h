@@ -142,6 +142,12 @@ public:
     // true when the user accepted.
     bool ConfigurarRepresentacionImpresa();
     bool ConfigurarRepresentacionImpresaCBB();
+    // Editors of certificates and folio ranges (certificates/).
+    std::int32_t AgregarCertificado();
+    bool ModificarCertificado(std::int32_t Sys_PK);
+    std::int32_t AgregarAprobacionFolios();
+    bool ModificarAprobacionFolios(std::int32_t Sys_PK);
+    // End of the editors of certificates and folio ranges.
 
     // Private routines the rest of the system uses.
     std::int32_t EnteroCampo(host::Recordset& recordset, const std::string& campo);

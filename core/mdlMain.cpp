@@ -21,6 +21,18 @@ std::shared_ptr<host::Recordset> AbrirConsulta(const std::shared_ptr<host::Conne
     return result;
 }
 
+std::shared_ptr<host::cCampo> NuevoCampo(const std::string& nombre, const std::string& tipo, const Variant& valor,
+                                         int tamano, bool requerido) {
+    auto campo = host::Crear<host::cCampo>(host::progid::cCampo);
+    Deref(campo).Nombre(nombre);
+    campo->NombreColumna(nombre);
+    campo->Tipo(tipo);
+    campo->Tamano(tamano);
+    campo->Requerido(requerido);
+    campo->Valor(valor);
+    return campo;
+}
+
 Variant LeerValorConsulta(const std::shared_ptr<host::Connection>& connection, const std::string& sql,
                           const std::string& campo) {
     Variant result;

@@ -9,6 +9,7 @@
 #include <string>
 
 #include "host/Ado.h"
+#include "host/Dorvex.h"
 #include "host/Settings.h"
 #include "host/cUtilerias.h"
 #include "value/Variant.h"
@@ -34,6 +35,11 @@ Variant LeerValorConsulta(const std::shared_ptr<host::Connection>& connection, c
 // answers true, so that the guards built on it refuse when they cannot tell.
 bool ExisteRegistro(const std::shared_ptr<host::Connection>& connection, const std::string& tabla,
                     std::int32_t clave, const std::string& campo);
+
+// A column of the row that cRegistro writes, created through the platform
+// with its name (as field and as column), type, size, required flag and value.
+std::shared_ptr<host::cCampo> NuevoCampo(const std::string& nombre, const std::string& tipo, const Variant& valor,
+                                         int tamano, bool requerido);
 
 // A field of the current row as text ("" for Null) and as a number (0 for Null).
 std::string TextoCampo(host::Recordset& recordset, const std::string& campo);

@@ -11,7 +11,10 @@ namespace celdora::app {
 
 namespace {
 
-bool MuestraDialogos(const Opciones& opciones) { return opciones.orden == "dialog" || opciones.orden == "informe"; }
+// A call shows its dialogs on the terminal unless --qt asks for windows.
+bool MuestraDialogos(const Opciones& opciones) {
+    return opciones.orden == "dialog" || opciones.orden == "informe" || opciones.qt;
+}
 
 bool PideTerminal(const Opciones& opciones) {
     return std::any_of(opciones.argumentos.begin(), opciones.argumentos.end(),

@@ -63,6 +63,8 @@ Opciones LeerOpciones(const std::vector<std::string>& args) {
             opciones.repo = *valor;
         } else if (nombre == "--informes") {
             opciones.informes = *valor;
+        } else if (nombre == "--qt") {
+            opciones.qt = true;
         } else if (nombre == "--help" || nombre == "-h") {
             opciones.ayuda = true;
         } else {

@@ -30,12 +30,13 @@ struct Opciones {
     std::string repo;                  // AppRepositoryPath
     std::string informes;              // AppReportsPath
     bool ayuda = false;
+    bool qt = false;                   // --qt: dialogs of a call in Qt
     std::string orden;
     std::vector<std::string> argumentos;
 };
 
 // Reads --db URL, --si, --no, --grupos LISTA, --app NOMBRE, --repo DIR,
-// --informes DIR and --help (each
+// --informes DIR, --qt and --help (each
 // with a value also as --opcion=valor) up to the first word that is not an
 // option, which is the command; everything after it belongs to the command.
 // Raises ErrorDeUso for an unknown option or a value that does not fit.

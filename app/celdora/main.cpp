@@ -58,6 +58,7 @@ const char* const kUso =
     "  --repo DIR        AppRepositoryPath: donde están CFDI\\PAC.inf y las carpetas\n"
     "                    de los formatos de impresión\n"
     "  --informes DIR    AppReportsPath\n"
+    "  --qt              los diálogos que abre call, en Qt si hay pantalla\n"
     "  --help            esta ayuda\n"
     "\n"
     "Salida: 0 si la llamada corrió (conteste lo que conteste), 1 si una falla\n"

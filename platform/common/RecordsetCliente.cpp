@@ -1,5 +1,6 @@
 #include "platform/common/RecordsetCliente.h"
 
+#include <cctype>
 #include <utility>
 
 #include "platform/common/ConexionMotor.h"
@@ -20,6 +21,52 @@ Fault SinInformacionDeTabla(const std::string& detalle) {
 
 Fault SinInformacionDeClave(const std::string& detalle) {
     return {kFallaProveedor, "Insufficient key column information for updating or refreshing: " + detalle};
+}
+
+// The words of a statement outside quotes, brackets and parentheses, each
+// with where it begins, in capitals.
+std::vector<std::pair<std::string, std::size_t>> PalabrasDeNivelSuperior(const std::string& sql) {
+    std::vector<std::pair<std::string, std::size_t>> palabras;
+    int profundidad = 0;
+    char comilla = 0;
+    for (std::size_t i = 0; i < sql.size(); ++i) {
+        const char c = sql[i];
+        if (comilla) {
+            if (c == comilla) comilla = 0;
+        } else if (c == '\'' || c == '"' || c == '`') {
+            comilla = c;
+        } else if (c == '[') {
+            comilla = ']';
+        } else if (c == '(') {
+            ++profundidad;
+        } else if (c == ')') {
+            --profundidad;
+        } else if (profundidad == 0 && (std::isalpha(static_cast<unsigned char>(c)) || c == '_') &&
+                   (i == 0 || !(std::isalnum(static_cast<unsigned char>(sql[i - 1])) || sql[i - 1] == '_'))) {
+            std::size_t fin = i;
+            while (fin < sql.size() && (std::isalnum(static_cast<unsigned char>(sql[fin])) || sql[fin] == '_')) ++fin;
+            palabras.emplace_back(UCase(sql.substr(i, fin - i)), i);
+            i = fin - 1;
+        }
+    }
+    return palabras;
+}
+
+// The statement that reads the given columns of the rows another SELECT
+// reads: the same FROM and everything after it. Empty when the rows could
+// not be matched one to one (DISTINCT, grouping, a union).
+std::string MismasFilas(const std::string& sql, const std::vector<std::string>& columnas) {
+    const auto palabras = PalabrasDeNivelSuperior(sql);
+    if (palabras.size() < 2 || palabras[0].first != "SELECT" || palabras[1].first == "DISTINCT") return {};
+    std::size_t desde = std::string::npos;
+    for (const auto& [palabra, posicion] : palabras) {
+        if (palabra == "GROUP" || palabra == "UNION" || palabra == "HAVING") return {};
+        if (palabra == "FROM" && desde == std::string::npos) desde = posicion;
+    }
+    if (desde == std::string::npos) return {};
+    std::string lista;
+    for (const std::string& columna : columnas) lista += (lista.empty() ? "" : ",") + columna;
+    return "SELECT " + lista + " " + sql.substr(desde);
 }
 
 }  // namespace
@@ -53,6 +100,48 @@ void RecordsetCliente::Open() {
     if (abierto_) throw ObjetoAbierto();
     if (!connection_) throw ConexionNoUtilizable();
     Tomar(MotorDe(connection_).Ejecutar(source_));
+    if (abierto_ && Actualizable()) LeerClavesOcultas();
+}
+
+// A recordset that can write back must find each row by its table's key. When
+// the statement reads one table's columns without its key, the key of every
+// row is read by a second statement over the same rows and kept out of the
+// fields. If that cannot be done the rows stay without a key, and Update
+// refuses as it would have.
+void RecordsetCliente::LeerClavesOcultas() {
+    std::string tabla;
+    for (const Columna& c : columnas_) {
+        if (c.tablaBase.empty()) continue;
+        if (tabla.empty()) tabla = c.tablaBase;
+        else if (!EqualText(tabla, c.tablaBase)) return;
+    }
+    if (tabla.empty()) return;
+    Motor& motor = MotorDe(connection_);
+    std::vector<std::string> clave;
+    try {
+        clave = motor.ClavePrimaria(tabla);
+    } catch (const Fault&) {
+        return;
+    }
+    bool falta = false;
+    for (const std::string& k : clave) {
+        bool esta = false;
+        for (const Columna& c : columnas_) esta = esta || EqualText(c.columnaBase, k);
+        falta = falta || !esta;
+    }
+    if (clave.empty() || !falta) return;
+    const std::string sql = MismasFilas(source_, clave);
+    if (sql.empty()) return;
+    Resultado claves;
+    try {
+        claves = motor.Ejecutar(sql);
+    } catch (const Fault&) {
+        return;
+    }
+    if (claves.filas.size() != filas_.size()) return;
+    tablaOculta_ = tabla;
+    columnasOcultas_ = clave;
+    clavesOcultas_ = std::move(claves.filas);
 }
 
 void RecordsetCliente::Open(const std::string& source, std::shared_ptr<host::Connection> connection, int cursorType,
@@ -77,6 +166,9 @@ void RecordsetCliente::Cargar(std::shared_ptr<host::Connection> connection, std:
 
 void RecordsetCliente::Tomar(Resultado resultado) {
     asignados_.clear();
+    tablaOculta_.clear();
+    columnasOcultas_.clear();
+    clavesOcultas_.clear();
     posicion_ = 0;
     if (!resultado.tieneFilas) {
         abierto_ = false;
@@ -189,11 +281,16 @@ void RecordsetCliente::Update() {
                 break;
             }
         }
-        if (encontrada == columnas_.size())
-            throw SinInformacionDeClave("the key column " + clave[k] + " of " + tabla +
-                                        " is not among the selected columns.");
         if (k > 0) sql += " AND ";
         sql += clave[k] + "=?";
+        if (encontrada == columnas_.size()) {
+            if (!EqualText(tablaOculta_, tabla) || k >= columnasOcultas_.size() ||
+                !EqualText(columnasOcultas_[k], clave[k]))
+                throw SinInformacionDeClave("the key column " + clave[k] + " of " + tabla +
+                                            " is not among the selected columns.");
+            parametros.push_back(clavesOcultas_[posicion_][k]);
+            continue;
+        }
         // The row is found by the key it was read with, even if the key
         // itself was assigned.
         parametros.push_back(filas_[posicion_][encontrada]);
@@ -212,6 +309,7 @@ void RecordsetCliente::Close() {
     abierto_ = false;
     asignados_.clear();
     filas_.clear();
+    clavesOcultas_.clear();
     posicion_ = 0;
 }
 

@@ -14,7 +14,7 @@ namespace celdora::platform {
 // statement once and keeps every row in memory. Opened with a lock type that
 // allows changes (optimistic, pessimistic or batch), the fields of the current
 // row can be assigned and Update writes them back to their base table by the
-// row's primary key.
+// row's primary key, read along with the rows when they do not select it.
 class RecordsetCliente : public host::Recordset {
 public:
     RecordsetCliente();
@@ -65,6 +65,7 @@ private:
     Variant Leer(std::size_t columna) const;
     void Asignar(std::size_t columna, const Variant& valor);
     void Tomar(Resultado resultado);
+    void LeerClavesOcultas();
 
     std::shared_ptr<host::Connection> connection_;
     std::string source_;
@@ -78,6 +79,11 @@ private:
     std::size_t posicion_ = 0;
     std::map<std::size_t, Variant> asignados_;  // fields assigned on the current row, by column
     std::vector<std::unique_ptr<Campo>> campos_;
+    // The key of each row when the statement does not select it: its table,
+    // its columns, and one value list per row, never among the fields.
+    std::string tablaOculta_;
+    std::vector<std::string> columnasOcultas_;
+    std::vector<std::vector<Variant>> clavesOcultas_;
 };
 
 }  // namespace celdora::platform
