@@ -21,18 +21,6 @@ namespace {
 
 using host::Icono;
 
-std::shared_ptr<host::cCampo> NuevoCampo(const std::string& nombre, const std::string& tipo, const Variant& valor,
-                                         int tamano, bool requerido) {
-    auto campo = host::Crear<host::cCampo>(host::progid::cCampo);
-    Deref(campo).Nombre(nombre);
-    campo->NombreColumna(nombre);
-    campo->Tipo(tipo);
-    campo->Tamano(tamano);
-    campo->Requerido(requerido);
-    campo->Valor(valor);
-    return campo;
-}
-
 }  // namespace
 
 dlgInforme::dlgInforme() : Dialogo("dlgInforme", "Informe mensual al SAT") {
@@ -257,11 +245,11 @@ bool dlgInforme::GuardarInforme(const std::string& contenido, const std::string&
     Deref(registro).Conexion(Fachada().ADOCnn);
     registro->Tabla("ut_CFDInforme");
     registro->Nuevo();
-    registro->Campos().Add(NuevoCampo("uf_Nombre", "String", nombre, 50, true), "uf_Nombre");
-    registro->Campos().Add(NuevoCampo("uf_Contenido", "String", contenido, 32000, false), "uf_Contenido");
-    registro->Campos().Add(NuevoCampo("uf_Mes", "Long", Variant::Long(mes), 0, true), "uf_Mes");
-    registro->Campos().Add(NuevoCampo("uf_Anio", "Long", Variant::Long(anio), 0, true), "uf_Anio");
-    registro->Campos().Add(NuevoCampo("uf_Fecha", "Date", fecha, 0, true), "uf_Fecha");
+    registro->Campos().Add(mdlMain::NuevoCampo("uf_Nombre", "String", nombre, 50, true), "uf_Nombre");
+    registro->Campos().Add(mdlMain::NuevoCampo("uf_Contenido", "String", contenido, 32000, false), "uf_Contenido");
+    registro->Campos().Add(mdlMain::NuevoCampo("uf_Mes", "Long", Variant::Long(mes), 0, true), "uf_Mes");
+    registro->Campos().Add(mdlMain::NuevoCampo("uf_Anio", "Long", Variant::Long(anio), 0, true), "uf_Anio");
+    registro->Campos().Add(mdlMain::NuevoCampo("uf_Fecha", "Date", fecha, 0, true), "uf_Fecha");
     if (!registro->Guardar()) {
         core::Caja("Error al guardar Informe. " + registro->UltimoError(), Icono::Exclamacion);
         return false;
