@@ -77,18 +77,22 @@ if setarch "$(uname -m)" -R true 2>/dev/null; then
 else
   echo "fuzz: addresses cannot be fixed here; the inputs may differ between runs" >&2
 fi
+# The stack's addresses also depend on the environment and on the command
+# line, so each target runs with an empty environment, under the same name
+# and on inputs named the same, wherever the repository lives.
 for objetivo in "${objetivos[@]}"; do
-  binario="$build_dir/fuzz/$objetivo"
+  ln -s "$build_dir/fuzz/$objetivo" "$trabajo/$objetivo"
   registro="$trabajo/$objetivo.log"
-  mapfile -t guardadas < <(find "$semillas/$objetivo" -type f | sort)
-  if ! (cd "$trabajo" && "${fijo[@]}" "$binario" "${guardadas[@]}") >"$registro" 2>&1; then
+  mkdir "$trabajo/guardadas-$objetivo"
+  cp "$semillas/$objetivo"/* "$trabajo/guardadas-$objetivo/"
+  mapfile -t guardadas < <(cd "$trabajo" && find "guardadas-$objetivo" -type f | sort)
+  if ! (cd "$trabajo" && env -i PATH=/usr/bin:/bin "${fijo[@]}" "./$objetivo" "${guardadas[@]}") >"$registro" 2>&1; then
     cat "$registro" >&2
     echo "fuzz: $objetivo failed on a kept input" >&2
     exit 1
   fi
-  mkdir "$trabajo/corpus-$objetivo"
-  cp "${guardadas[@]}" "$trabajo/corpus-$objetivo/"
-  if ! (cd "$trabajo" && "${fijo[@]}" "$binario" -seed="$semilla" -runs="$entradas" -reload=0 \
+  cp -r "$trabajo/guardadas-$objetivo" "$trabajo/corpus-$objetivo"
+  if ! (cd "$trabajo" && env -i PATH=/usr/bin:/bin "${fijo[@]}" "./$objetivo" -seed="$semilla" -runs="$entradas" -reload=0 \
         "corpus-$objetivo") >"$registro" 2>&1; then
     cat "$registro" >&2
     mkdir -p "$build_dir/hallazgos"
