@@ -17,7 +17,7 @@ TEST(CLngTest, RoundsHalfToEvenAndOverflowsOnlyPastTheRangeAfterRounding) {
                                         {2147483646.5, 2147483646}, {-2147483648.5, INT32_MIN}, {Variant(), 0},
                                         {true, -1}, {Date{40000.5}, 40000}, {Date{40001.5}, 40002}, {"  42 ", 42},
                                         {"-7", -7}, {"+7", 7}, {"2.5", 2}, {"1,234", 1234}, {"1.5E3", 1500},
-                                        {"&H1F", 31}});
+                                        {"&H1F", 31}, {"&Hff", 255}});
     Casos<Variant, std::int16_t>(CInt, {{0.5, 0}, {1.5, 2}, {32766.5, 32766}, {-32768.5, -32768}, {false, 0}});
     Fallas<Variant>(CLng, {{2147483647.5, 6}, {-2147483649.0, 6}, {std::numeric_limits<double>::quiet_NaN(), 6},
                            {Variant::Null(), 94}, {Bytes{1, 2}, 13}, {"12abc", 13}, {"", 13}, {"   ", 13}, {"-", 13},
@@ -80,7 +80,7 @@ TEST(CDateTest, TextFormsAndSerials) {
     Casos<Variant, Date>(CDate, {{"2012-03-05", DateSerial(2012, 3, 5)},
                                  {"2012-03-05 17:08:09", MakeDate({2012, 3, 5, 17, 8, 9})},
                                  {" 5/3/2012 7:8:9 ", MakeDate({2012, 3, 5, 7, 8, 9})},
-                                 {"5.3.12", DateSerial(2012, 3, 5)}, {"5/3/99", DateSerial(1999, 3, 5)},
+                                 {"5.3.12", DateSerial(2012, 3, 5)}, {"5/3/99", DateSerial(1999, 3, 5)}, {"5/3/30", DateSerial(1930, 3, 5)},
                                  {"7:08", TimeSerial(7, 8, 0)}, {"7:08:09 PM", TimeSerial(19, 8, 9)},
                                  {"12:00 a.m.", TimeSerial(0, 0, 0)}, {"29/2/2012", DateSerial(2012, 2, 29)},
                                  {40000.25, Date{40000.25}}, {true, Date{-1.0}}, {Variant(), Date{0.0}}});

@@ -35,7 +35,7 @@ TEST(DateTest, SerialsAroundTheEpochWithTheTimeRoundedToTheSecond) {
 
 TEST(DateTest, SerialsRollPartsOverWithinYears100To9999) {
     Casos<Date, Date>([](Date d) { return d; },
-                      {{DateSerial(2012, 13, 1), DateSerial(2013, 1, 1)},
+                      {{DateSerial(2012, 13, 1), DateSerial(2013, 1, 1)}, {DateSerial(99, 1, 1), DateSerial(1999, 1, 1)},
                        {DateSerial(2012, 0, 1), DateSerial(2011, 12, 1)},
                        {DateSerial(2012, -1, 1), DateSerial(2011, 11, 1)},
                        {DateSerial(2012, 3, 0), DateSerial(2012, 2, 29)},
