@@ -1,5 +1,7 @@
 #include "forms/Controles.h"
 
+#include <algorithm>
+
 #include "forms/Dialogo.h"
 #include "host/Platform.h"
 #include "value/Convert.h"
@@ -441,8 +443,24 @@ void TabControl::SelectedItem(int index) {
     if (Click) Click();
 }
 
+bool TabControl::PaginaHabilitada(int index) const {
+    return std::find(fueraDeUso_.begin(), fueraDeUso_.end(), index) == fueraDeUso_.end();
+}
+
+void TabControl::PaginaHabilitada(int index, bool value) {
+    if (index < 0 || index >= static_cast<int>(paginas_.size())) throw InvalidPropertyValue();
+    if (PaginaHabilitada(index) == value) return;
+    if (value) {
+        std::erase(fueraDeUso_, index);
+    } else {
+        fueraDeUso_.push_back(index);
+    }
+    Cambio();
+}
+
 bool TabControl::ClickPagina(int index) {
     if (!Accesible() || index < 0 || index >= static_cast<int>(paginas_.size())) return false;
+    if (!PaginaHabilitada(index)) return false;
     SelectedItem(index);
     return true;
 }
@@ -595,6 +613,11 @@ void AddressControl::Separada(const std::string& calle, const std::string& exter
 
 void AddressControl::conectar(std::vector<Lugar> lugares) {
     lugares_ = std::move(lugares);
+    Cambio();
+}
+
+void AddressControl::conectar(const std::shared_ptr<Object>& fuente) {
+    fuente_ = fuente;
     Cambio();
 }
 

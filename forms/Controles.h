@@ -351,12 +351,17 @@ public:
     void AgregarPagina(const std::string& caption);
     int SelectedItem() const { return seleccionada_; }
     void SelectedItem(int index);
+    // A page out of use stays in its place but a person cannot open it;
+    // code may still select it.
+    bool PaginaHabilitada(int index) const;
+    void PaginaHabilitada(int index, bool value);
     bool ClickPagina(int index);
 
     std::function<void()> Click;
 
 private:
     std::vector<std::string> paginas_;
+    std::vector<int> fueraDeUso_;
     int seleccionada_ = 0;
 };
 
@@ -466,6 +471,10 @@ public:
 
     // Gives the control the places it offers.
     void conectar(std::vector<Lugar> lugares);
+    // Gives the control the host's source of places (the catalogue's
+    // nvlands); null leaves it with none.
+    void conectar(const std::shared_ptr<Object>& fuente);
+    const std::shared_ptr<Object>& Fuente() const { return fuente_; }
     const std::vector<Lugar>& Lugares() const { return lugares_; }
     // Empties every field; no city and no country.
     void limpiar();
@@ -485,6 +494,7 @@ private:
     std::string titulo_;
     bool direccionSeparada_ = false;
     std::vector<Lugar> lugares_;
+    std::shared_ptr<Object> fuente_;
 };
 
 // The common file dialog: no window of its own in the dialog; it shows the

@@ -85,6 +85,8 @@ public:
     void Notificar(Control& control);
 
 protected:
+    friend class Unidad;
+
     // Adds a control at the end of the declaration order.
     template <class T, class... A>
     T& Agregar(std::string nombre, A&&... argumentos) {
