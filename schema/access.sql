@@ -260,10 +260,20 @@ CREATE TABLE Domicilio (
     Notas TEXT(255)
 );
 
--- Host table. A city, within its country (IPais = Pais.Sys_PK). The host keeps
--- a city named "(desconocido)" for addresses whose city is unknown: the fiscal
--- settings refuse it.
+-- Host table. A city, within its country (IPais = Pais.Sys_PK) and, when the
+-- country is divided, its state (IEstado = Estado.Sys_PK, Null when none).
+-- The host keeps a city named "(desconocido)" for addresses whose city is
+-- unknown: the fiscal settings refuse it.
 CREATE TABLE Ciudad (
+    Sys_PK COUNTER PRIMARY KEY,
+    Nombre TEXT(100),
+    IPais INTEGER,
+    IEstado INTEGER
+);
+
+-- Host table. A state, within its country (IPais = Pais.Sys_PK). Only the
+-- address controls' source of places reads and writes it.
+CREATE TABLE Estado (
     Sys_PK COUNTER PRIMARY KEY,
     Nombre TEXT(100),
     IPais INTEGER

@@ -28,12 +28,18 @@ INSERT INTO Pais (Sys_PK, Nombre) VALUES
 (2, 'Estados Unidos'),
 (3, '(desconocido)');
 
-INSERT INTO Ciudad (Sys_PK, Nombre, IPais) VALUES
-(1, '(desconocido)', 3),
-(2, 'Monterrey', 1),
-(3, 'Guadalajara', 1),
-(4, 'Ciudad de México', 1),
-(5, 'San Antonio', 2);
+INSERT INTO Estado (Sys_PK, Nombre, IPais) VALUES
+(1, 'Nuevo León', 1),
+(2, 'Jalisco', 1),
+(3, 'Ciudad de México', 1),
+(4, 'Texas', 2);
+
+INSERT INTO Ciudad (Sys_PK, Nombre, IPais, IEstado) VALUES
+(1, '(desconocido)', 3, NULL),
+(2, 'Monterrey', 1, 1),
+(3, 'Guadalajara', 1, 2),
+(4, 'Ciudad de México', 1, 3),
+(5, 'San Antonio', 2, 4);
 
 -- Addresses. 1 is the issuer's fiscal address (setting NVCA102b), 2 to 4
 -- the expedition addresses of the consumption centres. Direccion is

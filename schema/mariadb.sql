@@ -263,10 +263,20 @@ CREATE TABLE Domicilio (
     Notas VARCHAR(255)
 ) ENGINE=InnoDB DEFAULT CHARSET=utf8mb4;
 
--- Host table. A city, within its country (IPais = Pais.Sys_PK). The host keeps
--- a city named "(desconocido)" for addresses whose city is unknown: the fiscal
--- settings refuse it.
+-- Host table. A city, within its country (IPais = Pais.Sys_PK) and, when the
+-- country is divided, its state (IEstado = Estado.Sys_PK, Null when none).
+-- The host keeps a city named "(desconocido)" for addresses whose city is
+-- unknown: the fiscal settings refuse it.
 CREATE TABLE Ciudad (
+    Sys_PK INT NOT NULL AUTO_INCREMENT PRIMARY KEY,
+    Nombre VARCHAR(100),
+    IPais INT,
+    IEstado INT
+) ENGINE=InnoDB DEFAULT CHARSET=utf8mb4;
+
+-- Host table. A state, within its country (IPais = Pais.Sys_PK). Only the
+-- address controls' source of places reads and writes it.
+CREATE TABLE Estado (
     Sys_PK INT NOT NULL AUTO_INCREMENT PRIMARY KEY,
     Nombre VARCHAR(100),
     IPais INT

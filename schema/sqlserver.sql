@@ -261,10 +261,20 @@ CREATE TABLE Domicilio (
     Notas NVARCHAR(255)
 );
 
--- Host table. A city, within its country (IPais = Pais.Sys_PK). The host keeps
--- a city named "(desconocido)" for addresses whose city is unknown: the fiscal
--- settings refuse it.
+-- Host table. A city, within its country (IPais = Pais.Sys_PK) and, when the
+-- country is divided, its state (IEstado = Estado.Sys_PK, Null when none).
+-- The host keeps a city named "(desconocido)" for addresses whose city is
+-- unknown: the fiscal settings refuse it.
 CREATE TABLE Ciudad (
+    Sys_PK INT IDENTITY(1,1) NOT NULL PRIMARY KEY,
+    Nombre NVARCHAR(100),
+    IPais INT,
+    IEstado INT
+);
+
+-- Host table. A state, within its country (IPais = Pais.Sys_PK). Only the
+-- address controls' source of places reads and writes it.
+CREATE TABLE Estado (
     Sys_PK INT IDENTITY(1,1) NOT NULL PRIMARY KEY,
     Nombre NVARCHAR(100),
     IPais INT
