@@ -3,7 +3,9 @@
 // Objects of the host application that the system only uses: the user with
 // its groups, the catalogue, and the address row object.
 
+#include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -38,8 +40,38 @@ public:
     virtual GruposUsuario& Grupos() = 0;
 };
 
+// A country, a state or a city as the source of places gives it.
+struct Lugar {
+    std::int32_t Sys_PK = 0;
+    std::string Nombre;
+};
+
+// Where a city lies: its country, and its state (0 when it has none).
+struct UbicacionCiudad {
+    std::int32_t pais = 0;
+    std::int32_t estado = 0;
+};
+
+// The source of countries, states and cities behind the catalogue's
+// nvlands, as the address controls use it. Lists come ordered by name. The
+// Agregar members write a new place and give back its key; a city may be
+// added to a country without a state (estado 0). A database failure raises
+// its Fault.
+class FuenteLugares : public Object {
+public:
+    virtual std::vector<Lugar> Paises() = 0;
+    virtual std::vector<Lugar> Estados(std::int32_t pais) = 0;
+    virtual std::vector<Lugar> CiudadesDeEstado(std::int32_t estado) = 0;
+    virtual std::vector<Lugar> CiudadesDePais(std::int32_t pais) = 0;
+    // Nothing when there is no such city.
+    virtual std::optional<UbicacionCiudad> UbicarCiudad(std::int32_t ciudad) = 0;
+    virtual std::int32_t AgregarPais(const std::string& nombre) = 0;
+    virtual std::int32_t AgregarEstado(std::int32_t pais, const std::string& nombre) = 0;
+    virtual std::int32_t AgregarCiudad(std::int32_t pais, std::int32_t estado, const std::string& nombre) = 0;
+};
+
 // eCat, the host's catalogue. nvlands is the source of countries, states and
-// cities that the address controls take unchanged.
+// cities that the address controls take unchanged: a FuenteLugares.
 class Catalogo : public Object {
 public:
     virtual std::shared_ptr<Object> nvlands() = 0;

@@ -32,6 +32,12 @@ std::string NoExiste(std::int32_t sysPk) { return "No existe el domicilio " + st
 
 }  // namespace
 
+std::int32_t ClaveInsertada(Motor& motor) {
+    const std::int64_t clave = motor.UltimaClave();
+    if (clave < 1 || clave > std::numeric_limits<std::int32_t>::max()) throw Overflow();
+    return static_cast<std::int32_t>(clave);
+}
+
 bool CiudadTabla::cargarPor(const std::string& campo, const Variant& valor) {
     if (!EsNombreDeColumna(campo)) throw InvalidProcedureCall();
     if (!conexion_) throw SinConexion();
@@ -105,9 +111,7 @@ bool DomicilioTabla::guardar() {
                 "INSERT INTO Domicilio (ICiudad, Direccion, CodPos, Colonia, Telefono, Notas) "
                 "VALUES (?, ?, ?, ?, ?, ?)",
                 valores);
-            const std::int64_t clave = motor.UltimaClave();
-            if (clave < 1 || clave > std::numeric_limits<std::int32_t>::max()) throw Overflow();
-            sysPk_ = static_cast<std::int32_t>(clave);
+            sysPk_ = ClaveInsertada(motor);
             return true;
         }
         valores.push_back(Variant::Long(sysPk_));

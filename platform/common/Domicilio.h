@@ -8,6 +8,12 @@
 
 namespace celdora::platform {
 
+class Motor;
+
+// The key the engine gave the row it just inserted, as a Long; Overflow when
+// it is not a key that fits one.
+std::int32_t ClaveInsertada(Motor& motor);
+
 // The city of an address: a row of the host's table Ciudad(Sys_PK, Nombre).
 // Key 0 means no city.
 class CiudadTabla : public host::Ciudad {
