@@ -1,6 +1,7 @@
 #include "forms/Controles.h"
 
 #include <algorithm>
+#include <optional>
 
 #include "forms/Dialogo.h"
 #include "host/Platform.h"
@@ -568,17 +569,53 @@ void AddressControl::codep(const std::string& value) {
     if (Fijar(codep_, value) && Change) Change();
 }
 
+namespace {
+
+// A list the source of places gives; a source that fails offers nothing.
+std::vector<host::Lugar> Lista(const std::function<std::vector<host::Lugar>()>& leer) {
+    try {
+        return leer();
+    } catch (const Fault&) {
+        return {};
+    }
+}
+
+}  // namespace
+
+void AddressControl::Releer() {
+    estados_.clear();
+    ciudades_.clear();
+    if (!lugares_ || pais_ < 1) return;
+    estados_ = Lista([this] { return lugares_->Estados(pais_); });
+    ciudades_ = Lista([this] {
+        return estado_ >= 1 ? lugares_->CiudadesDeEstado(estado_) : lugares_->CiudadesDePais(pais_);
+    });
+}
+
 void AddressControl::ciudad(std::int32_t value) {
     if (value == ciudad_) return;
     ciudad_ = value;
-    for (const Lugar& lugar : lugares_) {
-        if (lugar.ciudad == value) pais_ = lugar.pais;
+    if (lugares_ && value >= 1) {
+        std::optional<host::UbicacionCiudad> ubicacion;
+        try {
+            ubicacion = lugares_->UbicarCiudad(value);
+        } catch (const Fault&) {
+        }
+        if (ubicacion) {
+            pais_ = ubicacion->pais;
+            estado_ = ubicacion->estado;
+        }
     }
+    Releer();
     Cambiado();
 }
 
 void AddressControl::pais(std::int32_t value) {
-    if (Fijar(pais_, value) && Change) Change();
+    if (value == pais_) return;
+    pais_ = value;
+    estado_ = 0;
+    Releer();
+    Cambiado();
 }
 
 void AddressControl::titulo(const std::string& value) { Fijar(titulo_, value); }
@@ -611,13 +648,11 @@ void AddressControl::Separada(const std::string& calle, const std::string& exter
     address("||" + calle + "|" + exterior + "|" + interior);
 }
 
-void AddressControl::conectar(std::vector<Lugar> lugares) {
-    lugares_ = std::move(lugares);
-    Cambio();
-}
-
 void AddressControl::conectar(const std::shared_ptr<Object>& fuente) {
     fuente_ = fuente;
+    lugares_ = std::dynamic_pointer_cast<host::FuenteLugares>(fuente);
+    paises_ = lugares_ ? Lista([this] { return lugares_->Paises(); }) : std::vector<host::Lugar>{};
+    Releer();
     Cambio();
 }
 
@@ -629,7 +664,92 @@ void AddressControl::limpiar() {
     codep_.clear();
     ciudad_ = -1;
     pais_ = 0;
+    estado_ = 0;
+    Releer();
     Cambiado();
+}
+
+void AddressControl::ElegirPaisClave(std::int32_t clave) {
+    if (clave == pais_) return;
+    pais_ = clave;
+    estado_ = 0;
+    ciudad_ = -1;
+    Releer();
+    Cambiado();
+}
+
+void AddressControl::ElegirEstadoClave(std::int32_t clave) {
+    if (clave == estado_) return;
+    estado_ = clave;
+    ciudad_ = -1;
+    Releer();
+    Cambiado();
+}
+
+namespace {
+
+bool EnLista(const std::vector<host::Lugar>& lista, int indice) {
+    return indice >= 0 && indice < static_cast<int>(lista.size());
+}
+
+}  // namespace
+
+bool AddressControl::ElegirPais(int indice) {
+    if (!Accesible() || !EnLista(paises_, indice)) return false;
+    ElegirPaisClave(paises_[static_cast<std::size_t>(indice)].Sys_PK);
+    return true;
+}
+
+bool AddressControl::ElegirEstado(int indice) {
+    if (!Accesible() || !EnLista(estados_, indice)) return false;
+    ElegirEstadoClave(estados_[static_cast<std::size_t>(indice)].Sys_PK);
+    return true;
+}
+
+bool AddressControl::ElegirCiudad(int indice) {
+    if (!Accesible() || !EnLista(ciudades_, indice)) return false;
+    ciudad(ciudades_[static_cast<std::size_t>(indice)].Sys_PK);
+    return true;
+}
+
+bool AddressControl::Agregar(bool permitido, const std::string& nombre, const std::string& que,
+                             const std::function<std::int32_t(const std::string&)>& alta,
+                             const std::function<void(std::int32_t)>& elegir) {
+    const std::string limpio = Trim(nombre);
+    if (!permitido || !lugares_ || !Accesible() || limpio.empty()) return false;
+    std::int32_t clave = 0;
+    try {
+        clave = alta(limpio);
+    } catch (const Fault& falla) {
+        host::CurrentPlatform().Ui().MsgBox("No se pudo agregar " + que + " \"" + limpio + "\": " + falla.description,
+                                            host::Botones::Aceptar, host::Icono::Exclamacion, titulo_);
+        return false;
+    }
+    elegir(clave);
+    return true;
+}
+
+bool AddressControl::AgregarPais(const std::string& nombre) {
+    return Agregar(
+        canaddcountry, nombre, "el país", [this](const std::string& n) { return lugares_->AgregarPais(n); },
+        [this](std::int32_t clave) {
+            paises_ = Lista([this] { return lugares_->Paises(); });
+            ElegirPaisClave(clave);
+        });
+}
+
+bool AddressControl::AgregarEstado(const std::string& nombre) {
+    return Agregar(
+        canaddstate && pais_ >= 1, nombre, "el estado",
+        [this](const std::string& n) { return lugares_->AgregarEstado(pais_, n); },
+        [this](std::int32_t clave) { ElegirEstadoClave(clave); });
+}
+
+bool AddressControl::AgregarCiudad(const std::string& nombre) {
+    return Agregar(
+        canaddcity && pais_ >= 1, nombre, "la ciudad",
+        [this](const std::string& n) { return lugares_->AgregarCiudad(pais_, estado_, n); },
+        [this](std::int32_t clave) { ciudad(clave); });
 }
 
 // --- CommonDialog -----------------------------------------------------------

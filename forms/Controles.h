@@ -18,6 +18,7 @@
 #include <vector>
 
 #include "forms/Control.h"
+#include "host/HostObjects.h"
 #include "host/UiServices.h"
 #include "value/Date.h"
 #include "value/Variant.h"
@@ -424,15 +425,10 @@ private:
     std::vector<std::vector<Variant>> filas_;
 };
 
-// A place that the address control offers: a city with its country.
-struct Lugar {
-    std::int32_t ciudad = 0;
-    std::string nombre;
-    std::int32_t pais = 0;
-};
-
 // The host's address control. The street, exterior and interior numbers
 // travel in one text that begins with "||": "||street|exterior|interior".
+// It offers the countries, states and cities of the host's source of places
+// (the catalogue's nvlands) and, where canadd* allows, adds new ones there.
 class AddressControl : public Control {
 public:
     AddressControl(Dialogo& dialogo, std::string nombre);
@@ -447,13 +443,16 @@ public:
     void notes(const std::string& value);
     const std::string& codep() const { return codep_; }
     void codep(const std::string& value);
-    // The city's Sys_PK, negative when none is chosen; choosing one of the
-    // offered cities also sets its country.
+    // The city's Sys_PK, negative when none is chosen. Setting a city the
+    // source knows also sets its country and state.
     std::int32_t ciudad() const { return ciudad_; }
     void ciudad(std::int32_t value);
-    // The country's Sys_PK, below 1 when none is chosen.
+    // The country's Sys_PK, below 1 when none is chosen. Setting it from code
+    // changes the country alone.
     std::int32_t pais() const { return pais_; }
     void pais(std::int32_t value);
+    // The state's Sys_PK, 0 when none is chosen.
+    std::int32_t estado() const { return estado_; }
     const std::string& titulo() const { return titulo_; }
     void titulo(const std::string& value);
     bool direccionSeparada() const { return direccionSeparada_; }
@@ -469,20 +468,47 @@ public:
     std::string NumeroInterior() const;
     void Separada(const std::string& calle, const std::string& exterior, const std::string& interior);
 
-    // Gives the control the places it offers.
-    void conectar(std::vector<Lugar> lugares);
     // Gives the control the host's source of places (the catalogue's
-    // nvlands); null leaves it with none.
+    // nvlands). Another object, or null, leaves it with no places to offer.
     void conectar(const std::shared_ptr<Object>& fuente);
     const std::shared_ptr<Object>& Fuente() const { return fuente_; }
-    const std::vector<Lugar>& Lugares() const { return lugares_; }
-    // Empties every field; no city and no country.
+    // Empties every field; no city, state or country.
     void limpiar();
+
+    // What it offers now: every country, the states of the chosen country,
+    // and the cities of the chosen state or, with none, of the chosen
+    // country. A source that fails to read offers nothing.
+    const std::vector<host::Lugar>& Paises() const { return paises_; }
+    const std::vector<host::Lugar>& Estados() const { return estados_; }
+    const std::vector<host::Lugar>& Ciudades() const { return ciudades_; }
+
+    // A person choosing one of the places offered, by its position. A new
+    // country lets go of the state and city; a new state lets go of the
+    // city. False when the control can't be reached or there is no such
+    // place.
+    bool ElegirPais(int indice);
+    bool ElegirEstado(int indice);
+    bool ElegirCiudad(int indice);
+    // A person adding a place and choosing it: a country; a state of the
+    // chosen country; a city of the chosen state or country. False, with
+    // nothing written, when canadd* forbids it, the control can't be
+    // reached, the name is blank or there is no country to add it to. A
+    // failure of the source is shown in a box and answers false.
+    bool AgregarPais(const std::string& nombre);
+    bool AgregarEstado(const std::string& nombre);
+    bool AgregarCiudad(const std::string& nombre);
 
     std::function<void()> Change;
 
 private:
     void Cambiado();
+    // Reads again what the source offers for the present choice.
+    void Releer();
+    bool Agregar(bool permitido, const std::string& nombre, const std::string& que,
+                 const std::function<std::int32_t(const std::string&)>& alta,
+                 const std::function<void(std::int32_t)>& elegir);
+    void ElegirPaisClave(std::int32_t clave);
+    void ElegirEstadoClave(std::int32_t clave);
 
     std::string address_;
     std::string colony_;
@@ -491,10 +517,14 @@ private:
     std::string codep_;
     std::int32_t ciudad_ = -1;
     std::int32_t pais_ = 0;
+    std::int32_t estado_ = 0;
     std::string titulo_;
     bool direccionSeparada_ = false;
-    std::vector<Lugar> lugares_;
     std::shared_ptr<Object> fuente_;
+    std::shared_ptr<host::FuenteLugares> lugares_;
+    std::vector<host::Lugar> paises_;
+    std::vector<host::Lugar> estados_;
+    std::vector<host::Lugar> ciudades_;
 };
 
 // The common file dialog: no window of its own in the dialog; it shows the

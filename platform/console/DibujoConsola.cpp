@@ -114,6 +114,7 @@ std::string ValorPestanas(const forms::TabControl& pestanas) {
         if (i > 0) valor += " | ";
         if (static_cast<int>(i) == pestanas.SelectedItem()) valor += ">";
         valor += Numero(i + 1) + " " + SinAcceso(pestanas.Paginas()[i]);
+        if (!pestanas.PaginaHabilitada(static_cast<int>(i))) valor += " (no disponible)";
     }
     return valor;
 }
@@ -140,12 +141,28 @@ std::string ValorLista(const forms::ListBox& lista) {
     return cantidad + ", elegido " + Numero(static_cast<std::size_t>(lista.ListIndex()) + 1);
 }
 
-std::string NombreLugar(const forms::AddressControl& direccion) {
-    if (direccion.ciudad() < 0) return "(ninguna)";
-    for (const forms::Lugar& lugar : direccion.Lugares()) {
-        if (lugar.ciudad == direccion.ciudad()) return lugar.nombre;
+// The name of the chosen place among those offered; its key when it is not
+// offered, ninguno when none is chosen.
+std::string NombreLugar(const std::vector<host::Lugar>& lugares, std::int32_t elegido, const char* ninguno) {
+    if (elegido < 1) return ninguno;
+    for (const host::Lugar& lugar : lugares) {
+        if (lugar.Sys_PK == elegido) return lugar.Nombre;
     }
-    return std::to_string(direccion.ciudad());
+    return std::to_string(elegido);
+}
+
+std::string NombreLugar(const forms::AddressControl& direccion) {
+    return NombreLugar(direccion.Ciudades(), direccion.ciudad(), "(ninguna)");
+}
+
+// The places of one level on one line, numbered, the chosen one marked.
+std::string FilaLugares(const char* nivel, const std::vector<host::Lugar>& lugares, std::int32_t elegido) {
+    std::string fila = nivel;
+    for (std::size_t i = 0; i < lugares.size(); ++i) {
+        fila += (i == 0 ? " " : " | ") + std::string(lugares[i].Sys_PK == elegido ? ">" : "") + Numero(i + 1) +
+                " " + lugares[i].Nombre;
+    }
+    return lugares.empty() ? fila + " (ninguno)" : fila;
 }
 
 std::string ValorDireccion(const forms::AddressControl& direccion) {
@@ -246,12 +263,14 @@ std::vector<std::string> FilasDireccion(const forms::AddressControl& direccion) 
     filas.push_back(
         RTrim("colonia: " + direccion.colony() + "  cp: " + direccion.codep() + "  teléfono: " + direccion.phone()));
     if (!direccion.notes().empty()) filas.push_back("notas: " + EnUnaLinea(direccion.notes()));
-    filas.push_back("ciudad: " + NombreLugar(direccion) + "  país: " +
-                    (direccion.pais() < 1 ? std::string("(ninguno)") : std::to_string(direccion.pais())));
-    for (std::size_t i = 0; i < direccion.Lugares().size(); ++i) {
-        const forms::Lugar& lugar = direccion.Lugares()[i];
-        filas.push_back(Marca(lugar.ciudad == direccion.ciudad()) + Numero(i + 1) + "  " + lugar.nombre);
-    }
+    filas.push_back("país: " + NombreLugar(direccion.Paises(), direccion.pais(), "(ninguno)") +
+                    "  estado: " + NombreLugar(direccion.Estados(), direccion.estado(), "(ninguno)") +
+                    "  ciudad: " + NombreLugar(direccion));
+    if (!direccion.Fuente()) return filas;
+    filas.push_back(FilaLugares("países:", direccion.Paises(), direccion.pais()));
+    if (direccion.pais() < 1) return filas;
+    filas.push_back(FilaLugares("estados:", direccion.Estados(), direccion.estado()));
+    filas.push_back(FilaLugares("ciudades:", direccion.Ciudades(), direccion.ciudad()));
     return filas;
 }
 

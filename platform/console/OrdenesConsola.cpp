@@ -136,10 +136,42 @@ std::vector<std::string> TextosPaginas(const forms::TabControl& pestanas) {
     return textos;
 }
 
-std::vector<std::string> TextosLugares(const forms::AddressControl& direccion) {
+std::vector<std::string> TextosLugares(const std::vector<host::Lugar>& lugares) {
     std::vector<std::string> textos;
-    for (const forms::Lugar& lugar : direccion.Lugares()) textos.push_back(lugar.nombre);
+    for (const host::Lugar& lugar : lugares) textos.push_back(lugar.Nombre);
     return textos;
+}
+
+// One level of places of an address control, as a person names it.
+struct NivelLugar {
+    std::vector<std::string> palabras;
+    const std::vector<host::Lugar>& (forms::AddressControl::*lugares)() const;
+    bool (forms::AddressControl::*elegir)(int);
+    bool (forms::AddressControl::*agregar)(const std::string&);
+    bool forms::AddressControl::*permitido;
+    const char* cual;
+};
+
+const std::vector<NivelLugar>& NivelesLugar() {
+    using D = forms::AddressControl;
+    static const std::vector<NivelLugar> niveles{
+        {{"pais", "país"}, &D::Paises, &D::ElegirPais, &D::AgregarPais, &D::canaddcountry, "países"},
+        {{"estado"}, &D::Estados, &D::ElegirEstado, &D::AgregarEstado, &D::canaddstate, "estados"},
+        {{"ciudad"}, &D::Ciudades, &D::ElegirCiudad, &D::AgregarCiudad, &D::canaddcity, "ciudades"},
+    };
+    return niveles;
+}
+
+// The level that the first word of the text names, with the rest; without
+// one, the city and the whole text.
+std::pair<const NivelLugar*, std::string> SepararNivel(const std::string& texto) {
+    const auto [palabra, resto] = PrimeraPalabra(texto);
+    for (const NivelLugar& nivel : NivelesLugar()) {
+        for (const std::string& nombre : nivel.palabras) {
+            if (LCase(palabra) == nombre) return {&nivel, resto};
+        }
+    }
+    return {&NivelesLugar().back(), texto};
 }
 
 // An element and, at the end, "si" or "no": "2 si" gives "2" and true.
@@ -273,7 +305,13 @@ void Escribir(Contexto& c, const Linea& linea) {
 
 void ElegirPagina(Contexto& c, forms::TabControl& pestanas, const std::string& argumento) {
     const auto indice = Indice(c, pestanas, argumento, TextosPaginas(pestanas));
-    if (indice && !pestanas.ClickPagina(*indice)) Falla(c, Q(pestanas.Nombre()) + " no cambió de página.");
+    if (!indice) return;
+    if (!pestanas.PaginaHabilitada(*indice)) {
+        Falla(c, "la página " + Q(TextosPaginas(pestanas)[static_cast<std::size_t>(*indice)]) + " de " +
+                     Q(pestanas.Nombre()) + " no está disponible ahora.");
+        return;
+    }
+    if (!pestanas.ClickPagina(*indice)) Falla(c, Q(pestanas.Nombre()) + " no cambió de página.");
 }
 
 void ElegirEn(Contexto& c, Control& control, const std::string& argumento) {
@@ -294,10 +332,9 @@ void ElegirEn(Contexto& c, Control& control, const std::string& argumento) {
         case TipoControl::TabControl: ElegirPagina(c, dynamic_cast<forms::TabControl&>(control), argumento); return;
         case TipoControl::AddressControl: {
             auto& direccion = dynamic_cast<forms::AddressControl&>(control);
-            const auto indice = Indice(c, direccion, argumento, TextosLugares(direccion));
-            if (indice && Enfocar(c, direccion)) {
-                direccion.ciudad(direccion.Lugares()[static_cast<std::size_t>(*indice)].ciudad);
-            }
+            const auto [nivel, lugar] = SepararNivel(argumento);
+            const auto indice = Indice(c, direccion, lugar, TextosLugares((direccion.*nivel->lugares)()));
+            if (indice && Enfocar(c, direccion)) (direccion.*nivel->elegir)(*indice);
             return;
         }
         default: Falla(c, Q(control.Nombre()) + " (" + NombreTipo(control.Tipo()) + ") no tiene elementos que elegir.");
@@ -338,6 +375,36 @@ void Doble(Contexto& c, const Linea& linea) {
     // The first click selects the row, the second opens it.
     vista->ClickItem(*indice);
     if (c.dialogo.Visible() && vista->DblClick) vista->DblClick(*indice);
+}
+
+// --- agregar -------------------------------------------------------------------
+
+void Agregar(Contexto& c, const Linea& linea) {
+    Control* control = Alcanzar(c, linea);
+    if (control == nullptr) return;
+    auto* direccion = dynamic_cast<forms::AddressControl*>(control);
+    if (direccion == nullptr) {
+        Falla(c, Q(control->Nombre()) + " (" + NombreTipo(control->Tipo()) + ") no admite agregar.");
+        return;
+    }
+    const auto [nivel, nombre] = SepararNivel(linea.resto);
+    if (nombre == linea.resto) {
+        Falla(c, "en " + Q(direccion->Nombre()) + " se agrega: pais, estado o ciudad y el nombre.");
+        return;
+    }
+    if (!(direccion->*nivel->permitido)) {
+        Falla(c, Q(direccion->Nombre()) + " no permite agregar " + nivel->cual + ".");
+        return;
+    }
+    if (Trim(nombre).empty()) {
+        Falla(c, "falta el nombre.");
+        return;
+    }
+    if (direccion->pais() < 1 && nivel != &NivelesLugar().front()) {
+        Falla(c, "elija antes el país.");
+        return;
+    }
+    if (Enfocar(c, *direccion)) (direccion->*nivel->agregar)(nombre);
 }
 
 // --- marcar, pulsar, intro, esc ----------------------------------------------
@@ -448,8 +515,13 @@ const std::vector<Orden>& Ordenes() {
          Escribir},
         {{"elegir", "elige", "seleccionar"}, "elegir CONTROL N",
          "elige el elemento N de un combo o lista, la fila N de una vista,\n"
-         "la página N de unas pestañas o la ciudad N de una dirección",
+         "la página N de unas pestañas o, en una dirección, el lugar N:\n"
+         "elegir CONTROL pais|estado|ciudad N (sin nivel, la ciudad)",
          Elegir},
+        {{"agregar", "agrega"}, "agregar CONTROL NIVEL NOMBRE",
+         "agrega a una dirección un país, un estado del país elegido o una ciudad\n"
+         "(NIVEL pais, estado o ciudad) y lo elige, donde la dirección lo permite",
+         Agregar},
         {{"marcar", "marca"}, "marcar CONTROL [N] [si|no]",
          "marca o desmarca una casilla, o la casilla de la fila N de una vista o lista;\n"
          "sin si ni no la cambia",

@@ -1,10 +1,15 @@
 // The host's address control: a titled box with the street (in one line, or
-// street and numbers apart), colony, postal code, city, phone and notes.
+// street and numbers apart), colony, postal code, country, state and city
+// (each picked from the source of places, with a button beside it that adds
+// one where the control allows), phone and notes.
 
 #include <QComboBox>
 #include <QFormLayout>
 #include <QGroupBox>
+#include <QHBoxLayout>
+#include <QInputDialog>
 #include <QLineEdit>
+#include <QPushButton>
 
 #include "platform/qt/EnlaceControl.h"
 #include "platform/qt/TextoQt.h"
@@ -27,15 +32,12 @@ public:
         linea_ = Campo("direccion", "Dirección:", [this] { direccion_.address(Utf8(linea_->text())); });
         colonia_ = Campo("colonia", "Colonia:", [this] { direccion_.colony(Utf8(colonia_->text())); });
         codigo_ = Campo("codigoPostal", "Código postal:", [this] { direccion_.codep(Utf8(codigo_->text())); });
-        ciudad_ = new QComboBox;
-        ciudad_->setObjectName(QStringLiteral("ciudad"));
-        filas_->addRow(QStringLiteral("Ciudad:"), ciudad_);
-        Entrada(ciudad_);
-        QObject::connect(ciudad_, &QComboBox::activated, ciudad_, [this](int indice) {
-            Accion([this, indice] {
-                if (direccion_.Accesible()) direccion_.ciudad(direccion_.Lugares()[static_cast<std::size_t>(indice)].ciudad);
-            });
-        });
+        pais_ = Lugar("pais", "País:", "Agregar país", "Nombre del país:", [this](int i) { return direccion_.ElegirPais(i); },
+                      [this](const std::string& n) { return direccion_.AgregarPais(n); });
+        estado_ = Lugar("estado", "Estado:", "Agregar estado", "Nombre del estado:", [this](int i) { return direccion_.ElegirEstado(i); },
+                        [this](const std::string& n) { return direccion_.AgregarEstado(n); });
+        ciudad_ = Lugar("ciudad", "Ciudad:", "Agregar ciudad", "Nombre de la ciudad:", [this](int i) { return direccion_.ElegirCiudad(i); },
+                        [this](const std::string& n) { return direccion_.AgregarCiudad(n); });
         telefono_ = Campo("telefono", "Teléfono:", [this] { direccion_.phone(Utf8(telefono_->text())); });
         notas_ = Campo("notas", "Notas:", [this] { direccion_.notes(Utf8(notas_->text())); });
     }
@@ -54,7 +56,10 @@ protected:
         PonerTexto(codigo_, direccion_.codep());
         PonerTexto(telefono_, direccion_.phone());
         PonerTexto(notas_, direccion_.notes());
-        RefrescarCiudades();
+        const bool conPais = direccion_.pais() >= 1;
+        RefrescarLugar(pais_, direccion_.Paises(), direccion_.pais(), direccion_.canaddcountry, true);
+        RefrescarLugar(estado_, direccion_.Estados(), direccion_.estado(), direccion_.canaddstate, conPais);
+        RefrescarLugar(ciudad_, direccion_.Ciudades(), direccion_.ciudad(), direccion_.canaddcity, conPais);
     }
 
 private:
@@ -78,21 +83,59 @@ private:
 
     void Separada() { direccion_.Separada(Utf8(calle_->text()), Utf8(exterior_->text()), Utf8(interior_->text())); }
 
-    void RefrescarCiudades() {
-        const auto& lugares = direccion_.Lugares();
-        bool iguales = ciudad_->count() == static_cast<int>(lugares.size());
-        for (int i = 0; iguales && i < ciudad_->count(); ++i) {
-            iguales = ciudad_->itemText(i) == Qs(lugares[static_cast<std::size_t>(i)].nombre);
+    // A place of one level: its list, and the button that adds one.
+    struct Nivel {
+        QComboBox* lista = nullptr;
+        QPushButton* agregar = nullptr;
+    };
+
+    template <class Elegir, class Agregar>
+    Nivel Lugar(const char* nombre, const char* rotulo, const char* titulo, const char* pregunta, Elegir elegir,
+                Agregar agregar) {
+        Nivel nivel{new QComboBox, new QPushButton(QStringLiteral("Agregar"))};
+        const QString clave = QString::fromLatin1(nombre);
+        nivel.lista->setObjectName(clave);
+        nivel.agregar->setObjectName(QStringLiteral("agregar") + clave.left(1).toUpper() + clave.mid(1));
+        auto* fila = new QWidget;
+        auto* disposicion = new QHBoxLayout(fila);
+        disposicion->setContentsMargins(0, 0, 0, 0);
+        disposicion->addWidget(nivel.lista, 1);
+        disposicion->addWidget(nivel.agregar);
+        filas_->addRow(QString::fromUtf8(rotulo), fila);
+        Entrada(nivel.lista);
+        Entrada(nivel.agregar);
+        QObject::connect(nivel.lista, &QComboBox::activated, nivel.lista,
+                         [this, elegir](int indice) { Accion([elegir, indice] { elegir(indice); }); });
+        QObject::connect(nivel.agregar, &QPushButton::clicked, nivel.agregar, [this, agregar, titulo, pregunta] {
+            Accion([this, agregar, titulo, pregunta] {
+                bool aceptado = false;
+                const QString nombre = QInputDialog::getText(widget_, QString::fromUtf8(titulo),
+                                                             QString::fromUtf8(pregunta), QLineEdit::Normal,
+                                                             QString(), &aceptado);
+                if (aceptado) agregar(Utf8(nombre));
+            });
+        });
+        return nivel;
+    }
+
+    // The list shows the places offered, the chosen one current; the button
+    // is there where the control allows adding and usable once there is
+    // somewhere to add to.
+    static void RefrescarLugar(const Nivel& nivel, const std::vector<host::Lugar>& lugares, std::int32_t elegido,
+                               bool puedeAgregar, bool dondeAgregar) {
+        bool iguales = nivel.lista->count() == static_cast<int>(lugares.size());
+        for (int i = 0; iguales && i < nivel.lista->count(); ++i) {
+            const host::Lugar& lugar = lugares[static_cast<std::size_t>(i)];
+            iguales = nivel.lista->itemData(i).toInt() == lugar.Sys_PK && nivel.lista->itemText(i) == Qs(lugar.Nombre);
         }
         if (!iguales) {
-            ciudad_->clear();
-            for (const auto& lugar : lugares) ciudad_->addItem(Qs(lugar.nombre));
+            nivel.lista->clear();
+            for (const host::Lugar& lugar : lugares) nivel.lista->addItem(Qs(lugar.Nombre), lugar.Sys_PK);
         }
-        int elegida = -1;
-        for (std::size_t i = 0; i < lugares.size(); ++i) {
-            if (lugares[i].ciudad == direccion_.ciudad()) elegida = static_cast<int>(i);
-        }
-        if (ciudad_->currentIndex() != elegida) ciudad_->setCurrentIndex(elegida);
+        const int actual = nivel.lista->findData(elegido);
+        if (nivel.lista->currentIndex() != actual) nivel.lista->setCurrentIndex(actual);
+        nivel.agregar->setVisible(puedeAgregar);
+        nivel.agregar->setEnabled(dondeAgregar);
     }
 
     forms::AddressControl& direccion_;
@@ -104,7 +147,9 @@ private:
     QLineEdit* linea_ = nullptr;
     QLineEdit* colonia_ = nullptr;
     QLineEdit* codigo_ = nullptr;
-    QComboBox* ciudad_ = nullptr;
+    Nivel pais_;
+    Nivel estado_;
+    Nivel ciudad_;
     QLineEdit* telefono_ = nullptr;
     QLineEdit* notas_ = nullptr;
 };

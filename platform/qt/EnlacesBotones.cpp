@@ -121,6 +121,7 @@ protected:
         AgregarPaginas();
         for (std::size_t i = 0; i < paginas_.size(); ++i) {
             widget_->setTabText(static_cast<int>(i), Qs(pestanas_.Paginas()[i]));
+            widget_->setTabEnabled(static_cast<int>(i), pestanas_.PaginaHabilitada(static_cast<int>(i)));
         }
         if (widget_->currentIndex() != pestanas_.SelectedItem()) widget_->setCurrentIndex(pestanas_.SelectedItem());
     }

@@ -16,7 +16,9 @@
 #include "forms/Controles.h"
 #include "forms/Dialogo.h"
 #include "platform/console/ConsolaUi.h"
+#include "platform/common/Catalogo.h"
 #include "platform/desktop/PlataformaEscritorio.h"
+#include "tests/support/CompanyFixture.h"
 #include "tests/support/FixedClock.h"
 #include "value/Date.h"
 
@@ -118,9 +120,9 @@ public:
     DlgFolios() : Dialogo("dlgFolios", "Folios aprobados") {
         txtSerie.Colocar("tabs", 0);
         dom.Colocar("tabs", 0);
-        dom.conectar({{3, "Puebla", 1}, {4, "Toluca", 1}});
+        dom.conectar(CatalogoPaises(empresa.cnn).nvlands());
         dom.Separada("Reforma", "10", "B");
-        dom.ciudad(3);
+        dom.ciudad(2);
         lvwRangos.Colocar("tabs", 1);
         lvwRangos.Checkboxes(true);
         for (const char* columna : {"Serie", "Desde", "Hasta"}) lvwRangos.AgregarColumna(columna);
@@ -140,6 +142,7 @@ public:
         tabs.Click = [this] { registro += "pagina " + std::to_string(tabs.SelectedItem()) + ";"; };
     }
 
+    testing::CompanyDatabase empresa{testing::CompanyDatabase::Datos::Demo};
     f::TabControl& tabs = Agregar<f::TabControl>("tabs", std::vector<std::string>{"&General", "Rangos"});
     f::TextBox& txtSerie = Agregar<f::TextBox>("txtSerie", "Serie", "A");
     f::AddressControl& dom = Agregar<f::AddressControl>("dom");
@@ -281,8 +284,7 @@ TEST(RenderizadorConsolaOrdenes, PagesAddressesAndRowsAreDrawnAndActedOn) {
 
     EXPECT_THAT(g.Limpias(),
                 IsSupersetOf({"  tabs (pestañas): >1 General | 2 Rangos", "    txtSerie (texto) Serie: \"A\"",
-                              "    dom (dirección): Reforma 10 int. B, Puebla",
-                              "        > 1  Puebla",
+                              "    dom (dirección): Reforma 10 int. B, Monterrey",
                               // Changing the page draws the dialog again, with the other page.
                               "  tabs (pestañas): 1 General | >2 Rangos",
                               "    lvwRangos (vista) Rangos aprobados: 2 filas", "          #       Serie  Desde  Hasta",
@@ -295,6 +297,35 @@ TEST(RenderizadorConsolaOrdenes, PagesAddressesAndRowsAreDrawnAndActedOn) {
     EXPECT_EQ(g.dlg.registro, "pagina 1;check 1;check 1;click 1;doble 1;");
     EXPECT_FALSE(g.dlg.lvwRangos.Item(1).checked);
     EXPECT_EQ(g.dlg.lvwRangos.SelectedItem(), 1);
+}
+
+TEST(RenderizadorConsolaOrdenes, PlacesAreChosenAndAddedByLevelAndAPageOutOfUseStaysShut) {
+    const auto [teclado, salida] = Guionar({
+        {"pagina tabs 2", "Error: la página «Rangos» de «tabs» no está disponible ahora.\n"},
+        {"elegir dom estado jalisco",
+         "  dom (dirección): Reforma 10 int. B, (ninguna)\n"
+         "      calle: Reforma  exterior: 10  interior: B\n"
+         "      colonia:   cp:   teléfono:\n"
+         "      país: México  estado: Jalisco  ciudad: (ninguna)\n"
+         "      países: 1 (desconocido) | 2 Estados Unidos | >3 México\n"
+         "      estados: 1 Ciudad de México | >2 Jalisco | 3 Nuevo León\n"
+         "      ciudades: 1 Guadalajara\n"},
+        {"agregar dom pais Perú", "Error: «dom» no permite agregar países.\n"},
+        {"agregar dom ciudad", "Error: falta el nombre.\n"},
+        {"agregar dom colonia Centro", "Error: en «dom» se agrega: pais, estado o ciudad y el nombre.\n"},
+    });
+    Guion<DlgFolios> g(teclado + "agregar dom ciudad Zapopan\n", [](DlgFolios& d) {
+        d.tabs.PaginaHabilitada(1, false);
+        d.dom.canaddcountry = false;
+    });
+
+    EXPECT_THAT(g.out.str(), ::testing::HasSubstr(salida));
+    EXPECT_THAT(g.out.str(), ::testing::HasSubstr("tabs (pestañas): >1 General | 2 Rangos (no disponible)\n"));
+    EXPECT_THAT(g.out.str(), ::testing::HasSubstr("ciudades: 1 Guadalajara | >2 Zapopan\n"));
+    EXPECT_EQ(g.dlg.tabs.SelectedItem(), 0);
+    EXPECT_EQ((std::vector<std::int32_t>{g.dlg.dom.pais(), g.dlg.dom.estado(), g.dlg.dom.ciudad()}),
+              (std::vector<std::int32_t>{1, 2, 6}));
+    EXPECT_EQ(g.dlg.empresa.Contar("Ciudad WHERE Sys_PK = 6 AND Nombre = 'Zapopan' AND IEstado = 2"), 1);
 }
 
 TEST(RenderizadorConsolaOrdenes, EndOfInputClosesTheWindowAsItsXWouldAndARefusedCloseHidesIt) {
