@@ -1,5 +1,6 @@
-// The host objects of platform/common: an address and the catalogue of
-// places over SQLite, images, the folder picker, the clock and the user.
+// The host objects of platform/common: an address over SQLite, images, the
+// folder picker, the clock and the user. The catalogue's places are held on
+// every engine in tests/integration.
 
 #include <gtest/gtest.h>
 
@@ -7,14 +8,12 @@
 #include <iomanip>
 #include <sstream>
 
-#include "platform/common/Catalogo.h"
 #include "platform/common/Domicilio.h"
 #include "platform/common/Picture.h"
 #include "platform/common/Shell.h"
 #include "platform/common/SystemClock.h"
 #include "platform/sqlite/Sqlite.h"
 #include "tests/support/CarpetaTemporal.h"
-#include "tests/support/CompanyFixture.h"
 #include "tests/support/TestPlatform.h"
 
 
@@ -25,11 +24,9 @@ class DomicilioTablaTest : public ::testing::Test {
 protected:
     void SetUp() override {
         EjecutarGuion(*cnn,
-                      "CREATE TABLE Pais (Sys_PK INTEGER PRIMARY KEY, Nombre VARCHAR(50));"
                       "CREATE TABLE Ciudad (Sys_PK INTEGER PRIMARY KEY, Nombre VARCHAR(50));"
                       "CREATE TABLE Domicilio (Sys_PK INTEGER PRIMARY KEY, ICiudad INTEGER, Direccion VARCHAR(255),"
                       " CodPos VARCHAR(10), Colonia VARCHAR(50), Telefono VARCHAR(30), Notas TEXT);"
-                      "INSERT INTO Pais VALUES (1, 'México'), (2, 'Argentina');"
                       "INSERT INTO Ciudad VALUES (1, '(Desconocido)'), (2, 'Monterrey'), (3, 'León');");
         domicilio.Conexion(cnn);
     }
@@ -79,48 +76,6 @@ TEST_F(DomicilioTablaTest, FailuresAnswerFalseWithTheReason) {
     EXPECT_FALSE(domicilio.cargar(clave + 100));
     EXPECT_NE(domicilio.ultimoError(), "");
     EXPECT_EQ(domicilio.Sys_PK(), clave);
-}
-
-std::vector<std::string> Nombres(const std::vector<host::Lugar>& lugares) {
-    std::vector<std::string> nombres;
-    for (const host::Lugar& lugar : lugares) nombres.push_back(std::to_string(lugar.Sys_PK) + " " + lugar.Nombre);
-    return nombres;
-}
-
-// The catalogue's places on the demo company: each level by name, where a
-// city lies, and new places written with their links and keys.
-TEST(FuenteLugaresDemo, ListsEachLevelByNameAndWritesNewPlacesWithTheirLinks) {
-    testing::CompanyDatabase db(testing::CompanyDatabase::Datos::Demo);
-    const auto lugares = std::dynamic_pointer_cast<host::FuenteLugares>(CatalogoPaises(db.cnn).nvlands());
-    ASSERT_NE(lugares, nullptr);
-
-    using Lista = std::vector<std::string>;
-    EXPECT_EQ(Nombres(lugares->Paises()), (Lista{"3 (desconocido)", "2 Estados Unidos", "1 México"}));
-    EXPECT_EQ(Nombres(lugares->Estados(1)), (Lista{"3 Ciudad de México", "2 Jalisco", "1 Nuevo León"}));
-    EXPECT_EQ(Nombres(lugares->CiudadesDeEstado(2)), (Lista{"3 Guadalajara"}));
-    EXPECT_EQ(Nombres(lugares->CiudadesDePais(1)), (Lista{"4 Ciudad de México", "3 Guadalajara", "2 Monterrey"}));
-    const auto sanAntonio = lugares->UbicarCiudad(5);
-    ASSERT_TRUE(sanAntonio.has_value());
-    EXPECT_EQ(std::pair(sanAntonio->pais, sanAntonio->estado), std::pair(2, 4));
-    EXPECT_EQ(lugares->UbicarCiudad(1)->estado, 0) << "a city without a state";
-    EXPECT_FALSE(lugares->UbicarCiudad(99).has_value());
-
-    // An apostrophe travels as a parameter; estado 0 leaves the link Null.
-    EXPECT_EQ(lugares->AgregarPais("Côte d'Ivoire"), 4);
-    EXPECT_EQ(lugares->AgregarEstado(4, "Lagunes"), 5);
-    EXPECT_EQ(lugares->AgregarCiudad(4, 5, "Abiyán"), 6);
-    EXPECT_EQ(lugares->AgregarCiudad(1, 0, "Saltillo"), 7);
-    const Resultado filas = db.cnn->motor().Ejecutar(
-        "SELECT c.Sys_PK, c.Nombre, c.IPais, c.IEstado, e.Nombre, p.Nombre FROM Ciudad c "
-        "LEFT JOIN Estado e ON e.Sys_PK = c.IEstado JOIN Pais p ON p.Sys_PK = c.IPais WHERE c.Sys_PK > 5 "
-        "ORDER BY c.Sys_PK");
-    EXPECT_EQ(filas.filas,
-              (std::vector<std::vector<Variant>>{
-                  {Variant::Long(6), Variant("Abiyán"), Variant::Long(4), Variant::Long(5), Variant("Lagunes"),
-                   Variant("Côte d'Ivoire")},
-                  {Variant::Long(7), Variant("Saltillo"), Variant::Long(1), Variant::Null(), Variant::Null(),
-                   Variant("México")}}));
-    EXPECT_EQ(Nombres(lugares->Estados(4)), (Lista{"5 Lagunes"}));
 }
 
 // The first bytes of a file of each kind, padded with zeros.

@@ -8,6 +8,7 @@
 #include <QDoubleSpinBox>
 #include <QGroupBox>
 #include <QImage>
+#include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -22,8 +23,10 @@
 #include <QTreeWidget>
 
 #include "forms/Controles.h"
+#include "platform/common/Catalogo.h"
 #include "tests/platform/qt/PruebaQt.h"
 #include "tests/support/CarpetaTemporal.h"
+#include "tests/support/CompanyFixture.h"
 
 namespace celdora::testing {
 namespace {
@@ -227,6 +230,8 @@ TEST_F(VentanaQtTest, ThePersonsActionsOnTheWidgetsRaiseTheModelsEvents) {
         QTest::keyClick(vista, Qt::Key_Up);
         vista->topLevelItem(0)->setCheckState(0, Qt::Checked);
         pestanas->setCurrentIndex(0);
+        dlg.tabDatos.PaginaHabilitada(1, false);
+        EXPECT_FALSE(pestanas->isTabEnabled(1)) << "a page out of use can't be opened";
         auto* giro = Widget<QStackedWidget>(v, "eNumTotal")->findChild<QDoubleSpinBox*>();
         giro->selectAll();
         Teclear(giro, QStringLiteral("7.25"));
@@ -347,7 +352,7 @@ TEST(VentanaQtSinEsperar, TheWindowFollowsItsModelUntilClosedOrDestroyed) {
 
 // The controls the first dialog lacks: a memo, an editable combo, list boxes
 // with and without check boxes, and the host's address control with the
-// street and numbers apart.
+// street and numbers apart and the demo company's places.
 class DlgListas : public forms::Dialogo {
 public:
     DlgListas() : Dialogo("dlgListas", "Listas") {
@@ -371,10 +376,19 @@ public:
     forms::AddressControl& eDir = Agregar<forms::AddressControl>("eDir");
 };
 
+// Picks an item with the keyboard, as a person does: Down until it shows.
+void ElegirEn(QComboBox* lista, const QString& texto) {
+    for (int i = 0; i < lista->count() && lista->currentText() != texto; ++i) QTest::keyClick(lista, Qt::Key_Down);
+    EXPECT_EQ(lista->currentText(), texto);
+}
+
 TEST(VentanaQtListas, MemoEditableComboListBoxesAndAddressBothWays) {
     PlataformaQt qt;
     Vigilante vigilante;
+    CompanyDatabase db(CompanyDatabase::Datos::Demo);
     DlgListas dlg;
+    dlg.eDir.conectar(platform::CatalogoPaises(db.cnn).nvlands());
+    dlg.eDir.canaddcountry = false;
     AlAparecer([&] {
         platform::VentanaQt* v = VentanaActiva();
         auto* notas = Widget<QPlainTextEdit>(v, "txtNotas");
@@ -406,6 +420,18 @@ TEST(VentanaQtListas, MemoEditableComboListBoxesAndAddressBothWays) {
         EXPECT_EQ(caja->title(), "Domicilio del emisor");
         EXPECT_TRUE(Widget<QLineEdit>(caja, "direccion")->isHidden()) << "the street goes apart";
         Teclear(Widget<QLineEdit>(caja, "calle"), QStringLiteral("Av. Juárez"));
+        EXPECT_TRUE(Widget<QPushButton>(caja, "agregarPais")->isHidden());
+        ElegirEn(Widget<QComboBox>(caja, "pais"), QStringLiteral("México"));
+        ElegirEn(Widget<QComboBox>(caja, "estado"), QStringLiteral("Nuevo León"));
+        ElegirEn(Widget<QComboBox>(caja, "ciudad"), QStringLiteral("Monterrey"));
+        EXPECT_EQ((std::vector{dlg.eDir.pais(), dlg.eDir.estado(), dlg.eDir.ciudad()}), (std::vector{1, 1, 2}));
+        AlAparecer([&] {
+            auto* pide = qobject_cast<QInputDialog*>(QApplication::activeModalWidget());
+            ASSERT_NE(pide, nullptr);
+            pide->setTextValue(QStringLiteral("San Pedro Garza García"));
+            pide->accept();
+        });
+        QTest::mouseClick(Widget<QPushButton>(caja, "agregarCiudad"), Qt::LeftButton);
         dlg.eDir.direccionSeparada(false);
         EXPECT_EQ(Widget<QLineEdit>(caja, "direccion")->text(), "||Av. Juárez||");
         Captura(v, "ventana_listas");
@@ -415,6 +441,8 @@ TEST(VentanaQtListas, MemoEditableComboListBoxesAndAddressBothWays) {
     EXPECT_EQ(dlg.eventos, (Eventos{"cmbSerie.Change F", "cmbSerie.Change FA", "cmbSerie.Click A",
                                     "cmbSerie.Change B-2026", "lstRegimenes.ItemCheck 1", "lstRegimenes.ItemCheck 0",
                                     "lstMeses.Click 2", "lstMeses.Click 1"}));
+    EXPECT_EQ(dlg.eDir.ciudad(), 6);
+    EXPECT_EQ(db.Contar("Ciudad WHERE Sys_PK = 6 AND Nombre = 'San Pedro Garza García' AND IEstado = 1"), 1);
 }
 
 }  // namespace
