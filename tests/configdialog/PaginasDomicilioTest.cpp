@@ -83,10 +83,11 @@ INSTANTIATE_TEST_SUITE_P(
 
 // A key naming no row is told and leaves the name loaded. Name and RFC are
 // checked first, as the dialogs chain them. A first save inserts the row,
-// with the postal code trimmed, and its key goes first; a refused save
-// writes no key.
+// with the postal code trimmed, and its key goes first, so the next load
+// finds it; a refused save writes no key.
 TEST_F(Paginas, TheSavedAddressKeyGoesFirstAndAFailedSaveWritesNoKey) {
     ajustes->Poner("NVCA102b", "9");
+    e.eDir.notes("nota");
     e.cargarEmisor();
     EXPECT_EQ(Vista(e.eDir) + e.txtNombreEmisor.Text(), "Domicilio Fiscal|||-1|EKU SA");
     EXPECT_FALSE(e.validarNombreYRFC());
@@ -98,6 +99,9 @@ TEST_F(Paginas, TheSavedAddressKeyGoesFirstAndAFailedSaveWritesNoKey) {
     EXPECT_TRUE(e.validarNombreYRFC() && e.guardarDomicilioFiscal());
     EXPECT_EQ(Texto("SELECT ICiudad || Direccion || CodPos FROM Domicilio WHERE Sys_PK=5"), "2" + e.eDir.address() + "64000");
     EXPECT_EQ(ajustes->escrituras, (Textos{"NVCA102b=5", "NVCA100=EKU SA", "NVCA101=RFC"}));
+    e.eDir.limpiar();
+    e.cargarEmisor();
+    EXPECT_EQ(Vista(e.eDir), "Domicilio Fiscal||||Calle|||2|64000");
     db.Ejecutar("CREATE TRIGGER no_dom BEFORE UPDATE ON Domicilio BEGIN SELECT RAISE(ABORT, 'sin cambios'); END");
     EXPECT_FALSE(e.guardarDomicilioFiscal());
     EXPECT_EQ(Cajas(), (Textos{"Error al cargar domicilio fiscal de emisor.",
