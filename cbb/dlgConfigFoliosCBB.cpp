@@ -25,21 +25,6 @@ const char* const kLetrasDeSerie = "ABCDEFGHIJKLMNÑOPQRSTUVWXYZ";
 // A number field's value as the bare decimal text the statements carry.
 std::string Numero(const forms::NumberField& campo) { return CStr(Variant(campo.Value())); }
 
-std::shared_ptr<host::cCampo> NuevoCampo(const std::string& nombre, const std::string& tipo,
-                                         const Variant& valorInicial, const Variant& valor, bool requerido,
-                                         int tamano) {
-    auto campo = host::Crear<host::cCampo>(host::progid::cCampo);
-    Deref(campo).Nombre(nombre);
-    campo->NombreColumna(nombre);
-    campo->Tipo(tipo);
-    campo->ValorInicial(valorInicial);
-    campo->Valor(valor);
-    campo->Requerido(requerido);
-    campo->Reservado(0);
-    campo->Tamano(tamano);
-    return campo;
-}
-
 template <class T>
 std::shared_ptr<T> CrearConUtilerias(const char* progId) {
     return std::dynamic_pointer_cast<T>(mdlMain::Utilerias().CrearObjeto(progId, ""));
@@ -283,21 +268,22 @@ bool dlgConfigFoliosCBB::insertarRango() {
     Deref(registro).Conexion(Deref(Fachada().DataObjects).ADOCnn());
     registro->Tabla("ut_FoliosCBB");
     registro->Nuevo();
+    // Each field starts from an empty text, the date from today; none is reserved.
     const Variant vacio("");
-    registro->Campos().Add(NuevoCampo("uf_Serie", "String", vacio, UCase(Trim(etxtSerie.Text())), false, 10),
-                           "uf_Serie");
-    registro->Campos().Add(NuevoCampo("uf_FolioInicial", "Long", vacio, eNumFInicial.Value(), true, 0),
-                           "uf_FolioInicial");
-    registro->Campos().Add(NuevoCampo("uf_FolioFinal", "Long", vacio, eNumFFinal.Value(), true, 0),
-                           "uf_FolioFinal");
-    registro->Campos().Add(NuevoCampo("uf_BlockDoc", "Integer", vacio,
-                                      Variant::Long(cmbBlock.ItemData(cmbBlock.ListIndex())), true, 0),
-                           "uf_BlockDoc");
-    registro->Campos().Add(NuevoCampo("uf_NumAprobacion", "Integer", vacio, eNumNAprobacion.Value(), true, 0),
-                           "uf_NumAprobacion");
-    registro->Campos().Add(NuevoCampo("uf_FechaAprobacion", "Date", host::CurrentPlatform().Reloj().Now(),
-                                      eDtFechaAprobacion.Value(), true, 0),
-                           "uf_FechaAprobacion");
+    host::ColeccionCampos& campos = registro->Campos();
+    campos.Add(mdlMain::NuevoCampo("uf_Serie", "String", UCase(Trim(etxtSerie.Text())), 10, false, vacio, 0),
+               "uf_Serie");
+    campos.Add(mdlMain::NuevoCampo("uf_FolioInicial", "Long", eNumFInicial.Value(), 0, true, vacio, 0),
+               "uf_FolioInicial");
+    campos.Add(mdlMain::NuevoCampo("uf_FolioFinal", "Long", eNumFFinal.Value(), 0, true, vacio, 0), "uf_FolioFinal");
+    campos.Add(mdlMain::NuevoCampo("uf_BlockDoc", "Integer", Variant::Long(cmbBlock.ItemData(cmbBlock.ListIndex())),
+                                   0, true, vacio, 0),
+               "uf_BlockDoc");
+    campos.Add(mdlMain::NuevoCampo("uf_NumAprobacion", "Integer", eNumNAprobacion.Value(), 0, true, vacio, 0),
+               "uf_NumAprobacion");
+    campos.Add(mdlMain::NuevoCampo("uf_FechaAprobacion", "Date", eDtFechaAprobacion.Value(), 0, true,
+                                   Variant(host::CurrentPlatform().Reloj().Now()), 0),
+               "uf_FechaAprobacion");
     if (!registro->Guardar()) {
         core::Caja("Error al guardar rango de folios CBB. " + registro->UltimoError(), Icono::Exclamacion);
         return false;

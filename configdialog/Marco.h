@@ -18,6 +18,9 @@ struct Marco {
     bool cargando = false;
     forms::TabControl* paginas = nullptr;
 
+    // The facade, when a routine runs; fault 91 while the dialog has none.
+    cAcction& Fachada() const;
+
     // Selects the page of that index and gives the control the focus.
     void IrA(int pagina, forms::Control& control) const;
 };

@@ -4,6 +4,8 @@
 #include <map>
 
 #include "cbb/dlgConfigFoliosCBB.h"
+#include "cbb/dlgEmisor.h"
+#include "cbb/dlgRangoFoliosCBB.h"
 #include "certificates/dlgRangoFolios.h"
 #include "certificates/dlgcertificado.h"
 #include "certificates/frmBlockXCer.h"
@@ -60,6 +62,16 @@ std::unique_ptr<forms::Dialogo> RangoCBBNuevo(cAcction& accion) {
     return dialogo;
 }
 
+// The CBB dialogs that take the facade before they load.
+template <class T>
+Fabrica ConDataObjects() {
+    return [](cAcction& accion) {
+        auto dialogo = std::make_unique<T>();
+        dialogo->SetDataObjects(accion);
+        return dialogo;
+    };
+}
+
 // The print format dialogs as their members open them: on the company
 // settings and the repository folder (its closing backslash dropped), the
 // CFD family also with the facade for the comprobante kind.
@@ -112,6 +124,8 @@ const std::map<std::string, Fabrica>& Fabricas() {
         {"dlgcertificado", EditorNuevo<dlgcertificado>},
         {"dlgConfigAvz", ConFachada<dlgConfigAvz>()},
         {"dlgConfigFoliosCBB", RangoCBBNuevo},
+        {"dlgEmisor", ConDataObjects<dlgEmisor>()},
+        {"dlgRangoFoliosCBB", ConDataObjects<dlgRangoFoliosCBB>()},
         {"dlgRangoFolios", EditorNuevo<dlgRangoFolios>},
         {"dlgExportarInforme", NavegadorDeInformes},
         {"dlgFormaFacturacionHordana", Simple<dlgFormaFacturacionHordana>()},

@@ -436,6 +436,7 @@ const Tabla& TablaCAcction() {
          Metodo("ShowSaveAs", &cAcction::ShowSaveAs, {"filter", {"fileName", ""}}),
          Metodo("DocumentoAprobadoParaCFDI", &cAcction::DocumentoAprobadoParaCFDI, {"pkventa"}),
          Metodo("DocumentoAprobadoParaCFDI_CXC", &cAcction::DocumentoAprobadoParaCFDI_CXC, {"pkcxc"}),
+         Metodo("RangoFoliosCBB", &cAcction::RangoFoliosCBB),
          Metodo("AgregarFoliosCBB", &cAcction::AgregarFoliosCBB),
          Metodo("EliminarFoliosCBB", &cAcction::EliminarFoliosCBB, {"pk"}),
          Metodo("ModificarFoliosCBB", &cAcction::ModificarFoliosCBB, {"pk"}),

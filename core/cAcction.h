@@ -138,6 +138,8 @@ public:
     // when the user confirmed.
     bool AgregarFoliosCBB();
     bool ModificarFoliosCBB(std::int32_t pk);
+    // The list of CBB ranges (cbb/), shown modally; it answers nothing.
+    void RangoFoliosCBB();
     // Print formats (printformats/): the dialogs of the CFD and CBB families;
     // true when the user accepted.
     bool ConfigurarRepresentacionImpresa();

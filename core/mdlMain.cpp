@@ -22,7 +22,8 @@ std::shared_ptr<host::Recordset> AbrirConsulta(const std::shared_ptr<host::Conne
 }
 
 std::shared_ptr<host::cCampo> NuevoCampo(const std::string& nombre, const std::string& tipo, const Variant& valor,
-                                         int tamano, bool requerido) {
+                                         int tamano, bool requerido, const std::optional<Variant>& valorInicial,
+                                         std::optional<int> reservado) {
     auto campo = host::Crear<host::cCampo>(host::progid::cCampo);
     Deref(campo).Nombre(nombre);
     campo->NombreColumna(nombre);
@@ -30,6 +31,8 @@ std::shared_ptr<host::cCampo> NuevoCampo(const std::string& nombre, const std::s
     campo->Tamano(tamano);
     campo->Requerido(requerido);
     campo->Valor(valor);
+    if (valorInicial) campo->ValorInicial(*valorInicial);
+    if (reservado) campo->Reservado(*reservado);
     return campo;
 }
 

@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "host/Ado.h"
@@ -37,9 +38,13 @@ bool ExisteRegistro(const std::shared_ptr<host::Connection>& connection, const s
                     std::int32_t clave, const std::string& campo);
 
 // A column of the row that cRegistro writes, created through the platform
-// with its name (as field and as column), type, size, required flag and value.
+// with its name (as field and as column), type, size, required flag and value;
+// and, when given, the value the writer stores while the value is Empty and
+// the reserved flag.
 std::shared_ptr<host::cCampo> NuevoCampo(const std::string& nombre, const std::string& tipo, const Variant& valor,
-                                         int tamano, bool requerido);
+                                         int tamano, bool requerido,
+                                         const std::optional<Variant>& valorInicial = std::nullopt,
+                                         std::optional<int> reservado = std::nullopt);
 
 // A field of the current row as text ("" for Null) and as a number (0 for Null).
 std::string TextoCampo(host::Recordset& recordset, const std::string& campo);
