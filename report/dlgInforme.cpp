@@ -177,7 +177,10 @@ bool dlgInforme::GenerarEnTransaccion(std::int16_t mes, std::int16_t anio, bool 
         "ut_CFDFolio.uf_anoAprobacion FROM ut_CFDBitacora INNER JOIN (ut_CFD INNER JOIN ut_CFDFOlio ON "
         "ut_CFD.uf_CFDFolio=ut_CFDFOlio.Sys_PK) ON ut_CFDBitacora.uf_CFD=ut_CFD.Sys_PK WHERE ( NOT "
         "(ut_CFDBitacora.uf_Reportado<>0)) AND Year(ut_CFD.uf_FechaHora)=" +
-            std::to_string(anio) + " AND Month(ut_CFD.uf_FechaHora)=" + std::to_string(mes));
+            std::to_string(anio) + " AND Month(ut_CFD.uf_FechaHora)=" + std::to_string(mes),
+        // The rows are walked once, and each one's UPDATE takes it out of
+        // the query: they are read as the walk goes, not all held at once.
+        host::adUseServer);
     if (!recordset) {
         Abandonar("Error al obtener información.");
         return false;
