@@ -7,14 +7,14 @@
 namespace celdora::mdlMain {
 
 std::shared_ptr<host::Recordset> AbrirConsulta(const std::shared_ptr<host::Connection>& connection,
-                                               const std::string& sql) {
+                                               const std::string& sql, int cursorLocation) {
     std::shared_ptr<host::Recordset> result;
     EndOnError([&] {
         auto recordset = host::Crear<host::Recordset>(host::progid::Recordset);
         if (!recordset) return;
         recordset->activeconnection(connection);
         recordset->Source(sql);
-        recordset->CursorLocation(host::adUseClient);
+        recordset->CursorLocation(cursorLocation);
         recordset->Open();
         if (recordset->State() == host::adStateOpen) result = recordset;
     });

@@ -23,9 +23,11 @@ namespace celdora::mdlMain {
 
 // Opens a statement on a client-side cursor. Gives none, and says nothing,
 // when the recordset cannot be created or the statement cannot be opened.
-// The caller closes what it gets.
+// The caller closes what it gets. A routine that only walks its rows forward
+// once may ask for the server-side cursor (host::adUseServer), which reads
+// the rows as it goes instead of holding them all.
 std::shared_ptr<host::Recordset> AbrirConsulta(const std::shared_ptr<host::Connection>& connection,
-                                               const std::string& sql);
+                                               const std::string& sql, int cursorLocation = host::adUseClient);
 
 // The value of one field of the first row, Empty when there is no row, the
 // field is Null, or the statement fails. An empty campo reads the first field.

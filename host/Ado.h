@@ -35,6 +35,7 @@ public:
 };
 
 // ADO's cursor locations, cursor types and lock types as the system passes them.
+constexpr int adUseServer = 2;
 constexpr int adUseClient = 3;
 constexpr int adOpenForwardOnly = 0;
 constexpr int adOpenKeyset = 1;

@@ -177,7 +177,10 @@ bool dlgInforme::GenerarEnTransaccion(std::int16_t mes, std::int16_t anio, bool 
         "ut_CFDFolio.uf_anoAprobacion FROM ut_CFDBitacora INNER JOIN (ut_CFD INNER JOIN ut_CFDFOlio ON "
         "ut_CFD.uf_CFDFolio=ut_CFDFOlio.Sys_PK) ON ut_CFDBitacora.uf_CFD=ut_CFD.Sys_PK WHERE ( NOT "
         "(ut_CFDBitacora.uf_Reportado<>0)) AND Year(ut_CFD.uf_FechaHora)=" +
-            std::to_string(anio) + " AND Month(ut_CFD.uf_FechaHora)=" + std::to_string(mes));
+            std::to_string(anio) + " AND Month(ut_CFD.uf_FechaHora)=" + std::to_string(mes),
+        // The rows are walked once, and each one's UPDATE takes it out of
+        // the query: they are read as the walk goes, not all held at once.
+        host::adUseServer);
     if (!recordset) {
         Abandonar("Error al obtener información.");
         return false;
@@ -211,24 +214,42 @@ bool dlgInforme::GenerarEnTransaccion(std::int16_t mes, std::int16_t anio, bool 
     return true;
 }
 
+namespace {
+
+// A key in the form "000000": a key of the tables is never negative, and its
+// digits are simply filled to six; anything else goes to the formatter.
+std::string ClaveConCeros(const Variant& clave) {
+    if (clave.Type() != VarType::Long || clave.AsLong() < 0) return Format(clave, "000000");
+    std::string digitos = std::to_string(clave.AsLong());
+    if (digitos.size() < 6) digitos.insert(0, 6 - digitos.size(), '0');
+    return digitos;
+}
+
+}  // namespace
+
 bool dlgInforme::RecorrerBitacora(host::Recordset& recordset, std::string& contenido) {
     mdlMain::AvanzarProgreso("Obteniendo información...");
+    host::Connection& conexion = Deref(Fachada().ADOCnn);
+    std::string sentencia;
     for (; !recordset.Eof(); recordset.movenext()) {
-        const std::string clave = CStr(recordset.Fields("Sys_PK").Value());
-        mdlMain::AvanzarProgreso("Leyendo bitácora de registro de CFDs " +
-                                 Format(recordset.Fields("Sys_PK").Value(), "000000"));
+        const Variant sysPk = recordset.Fields("Sys_PK").Value();
+        const std::string clave = CStr(sysPk);
+        mdlMain::AvanzarProgreso("Leyendo bitácora de registro de CFDs " + ClaveConCeros(sysPk));
         const std::string linea = informe::AgregarAlInforme(contenido, mdlMain::TextoCampo(recordset, "uf_Datos"),
                                                             CLng(recordset.Fields("uf_noAprobacion").Value()),
                                                             CLng(recordset.Fields("uf_anoAprobacion").Value()));
-        if (Trim(linea).empty()) {
+        if (linea.empty()) {
             Abandonar("Error al generar reporte. No se pudo actualizar el número de aprobación del registro " + clave +
                       " de la tabla ut_cfdbitacora.");
             return false;
         }
         // The line goes in as it stands: an apostrophe in a field makes the
         // statement fail, and the generation with it.
-        Deref(Fachada().ADOCnn)
-            .Execute("UPDATE ut_CFDBitacora SET uf_Reportado=1,uf_Datos='" + linea + "' WHERE Sys_PK=" + clave);
+        sentencia.assign("UPDATE ut_CFDBitacora SET uf_Reportado=1,uf_Datos='");
+        sentencia += linea;
+        sentencia += "' WHERE Sys_PK=";
+        sentencia += clave;
+        conexion.Execute(sentencia);
     }
     return true;
 }

@@ -138,7 +138,7 @@ CREATE TABLE ut_CFDInforme (
     uf_Anio INT NOT NULL,
     uf_Fecha DATETIME NOT NULL
 ) ENGINE=InnoDB DEFAULT CHARSET=utf8mb4;
-CREATE INDEX ix_ut_CFDInforme_Periodo ON ut_CFDInforme (uf_Anio, uf_Mes);
+CREATE UNIQUE INDEX ix_ut_CFDInforme_Periodo ON ut_CFDInforme (uf_Anio, uf_Mes);
 
 -- Summary lines that stand for the detail of a sale billed in summary form
 -- (FKVenta = Venta.Sys_PK), one or two per sale. Rows are only ever inserted

@@ -129,7 +129,7 @@ CREATE TABLE ut_CFDInforme (
     uf_Anio INTEGER NOT NULL,
     uf_Fecha DATETIME NOT NULL
 );
-CREATE INDEX ix_ut_CFDInforme_Periodo ON ut_CFDInforme (uf_Anio, uf_Mes);
+CREATE UNIQUE INDEX ix_ut_CFDInforme_Periodo ON ut_CFDInforme (uf_Anio, uf_Mes);
 
 -- Summary lines that stand for the detail of a sale billed in summary form
 -- (FKVenta = Venta.Sys_PK), one or two per sale. Rows are only ever inserted

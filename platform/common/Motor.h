@@ -6,6 +6,7 @@
 // store) are written over it in platform/common and shared by all engines.
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -19,10 +20,22 @@ struct Columna {
     std::string columnaBase;  // its name in that table, "" for an expression
 };
 
+// The rows of a statement that the engine hands one at a time, as the
+// caller asks for them, instead of all at once.
+class Cursor {
+public:
+    virtual ~Cursor() = default;
+    // The next row into fila, one value per column; false after the last,
+    // and from then on. A failure raises the engine's Fault.
+    virtual bool Siguiente(std::vector<Variant>& fila) = 0;
+};
+
 struct Resultado {
     bool tieneFilas = false;  // the statement yields rows (even none)
     std::vector<Columna> columnas;
     std::vector<std::vector<Variant>> filas;
+    // From Recorrer: the rows not in filas, still to be read.
+    std::unique_ptr<Cursor> pendientes;
     // Rows that a statement without rows touched. An UPDATE counts every row
     // it matched, also one that already held the values written: the row
     // writer, the settings store and Update rely on 0 meaning "no such row".
@@ -42,6 +55,15 @@ public:
     // empty column as Null. A failure raises a Fault with the engine's number
     // and message.
     virtual Resultado Ejecutar(const std::string& sql, const std::vector<Variant>& parametros = {}) = 0;
+
+    // Runs one statement that yields rows, and hands them as the caller
+    // reads them, in pendientes, where the engine can; otherwise all at
+    // once, as Ejecutar does. While rows are pending, the connection runs
+    // other statements; whether a change they make to a row not yet read
+    // shows in it depends on the engine (it does on SQLite, where rows are
+    // read from the tables as they are asked for; it does not on MariaDB,
+    // which holds the rows on the client).
+    virtual Resultado Recorrer(const std::string& sql) { return Ejecutar(sql); }
 
     // The key given to the last row this connection inserted.
     virtual std::int64_t UltimaClave() = 0;

@@ -99,7 +99,8 @@ int RecordsetCliente::CursorLocation() const { return cursorLocation_; }
 void RecordsetCliente::Open() {
     if (abierto_) throw ObjetoAbierto();
     if (!connection_) throw ConexionNoUtilizable();
-    Tomar(MotorDe(connection_).Ejecutar(source_));
+    Motor& motor = MotorDe(connection_);
+    Tomar(Adelante() ? motor.Recorrer(source_) : motor.Ejecutar(source_));
     if (abierto_ && Actualizable()) LeerClavesOcultas();
 }
 
@@ -164,8 +165,14 @@ void RecordsetCliente::Cargar(std::shared_ptr<host::Connection> connection, std:
     Tomar(std::move(resultado));
 }
 
+bool RecordsetCliente::Adelante() const {
+    return cursorLocation_ != host::adUseClient && cursorType_ == host::adOpenForwardOnly &&
+           lockType_ == host::adLockReadOnly;
+}
+
 void RecordsetCliente::Tomar(Resultado resultado) {
     asignados_.clear();
+    pendientes_.reset();
     tablaOculta_.clear();
     columnasOcultas_.clear();
     clavesOcultas_.clear();
@@ -179,6 +186,15 @@ void RecordsetCliente::Tomar(Resultado resultado) {
     }
     columnas_ = std::move(resultado.columnas);
     filas_ = std::move(resultado.filas);
+    // The first row is read at once, so that Bof and Eof can answer.
+    if (resultado.pendientes && filas_.empty()) {
+        pendientes_ = std::move(resultado.pendientes);
+        filas_.emplace_back();
+        if (!pendientes_->Siguiente(filas_[0])) {
+            filas_.clear();
+            pendientes_.reset();
+        }
+    }
     campos_.clear();
     for (std::size_t i = 0; i < columnas_.size(); ++i) campos_.push_back(std::make_unique<Campo>(*this, i));
     abierto_ = true;
@@ -242,6 +258,15 @@ void RecordsetCliente::movenext() {
     ExigirAbierto();
     if (Eof()) throw SinRegistroActual();
     if (!asignados_.empty()) Update();
+    if (pendientes_) {
+        // The row read next takes the place of the current one; past the
+        // last, the position stands after it, as over rows in memory.
+        if (!pendientes_->Siguiente(filas_[0])) {
+            pendientes_.reset();
+            ++posicion_;
+        }
+        return;
+    }
     ++posicion_;
 }
 
@@ -309,6 +334,7 @@ void RecordsetCliente::Close() {
     abierto_ = false;
     asignados_.clear();
     filas_.clear();
+    pendientes_.reset();
     clavesOcultas_.clear();
     posicion_ = 0;
 }

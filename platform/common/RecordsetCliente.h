@@ -10,8 +10,15 @@
 
 namespace celdora::platform {
 
-// "ADODB.Recordset" with a client-side cursor over any engine: Open runs the
-// statement once and keeps every row in memory. Opened with a lock type that
+// "ADODB.Recordset" over any engine. With a client-side cursor Open runs the
+// statement once and keeps every row in memory. With a server-side cursor
+// that is forward-only and read-only (ADO's starting values), the rows are
+// read from the engine as movenext reaches them and only the current one is
+// held; Bof and Eof answer as they would over the rows in memory. Such a
+// cursor suits a routine that walks its rows once and whose own writes take
+// each row out of its statement: a change made meanwhile through the
+// connection to a row not yet read may show in it (see Motor::Recorrer).
+// Opened with a lock type that
 // allows changes (optimistic, pessimistic or batch), the fields of the current
 // row can be assigned and Update writes them back to their base table by the
 // row's primary key, read along with the rows when they do not select it.
@@ -62,6 +69,7 @@ private:
 
     void ExigirAbierto() const;
     bool Actualizable() const;
+    bool Adelante() const;
     Variant Leer(std::size_t columna) const;
     void Asignar(std::size_t columna, const Variant& valor);
     void Tomar(Resultado resultado);
@@ -77,6 +85,9 @@ private:
     std::vector<Columna> columnas_;
     std::vector<std::vector<Variant>> filas_;
     std::size_t posicion_ = 0;
+    // Reading forward from the engine: the rows not yet read, and the
+    // current one in filas_[0] (none after the last).
+    std::unique_ptr<Cursor> pendientes_;
     std::map<std::size_t, Variant> asignados_;  // fields assigned on the current row, by column
     std::vector<std::unique_ptr<Campo>> campos_;
     // The key of each row when the statement does not select it: its table,

@@ -185,8 +185,17 @@ bool MotorSqlite::ConOrigenDeColumnas() {
 #endif
 }
 
-Resultado MotorSqlite::Ejecutar(const std::string& sql, const std::vector<Variant>& parametros) {
-    sqlite3* db = Db();
+namespace {
+
+// A statement prepared from the text, with the columns it yields and how
+// their values are read.
+struct Preparada {
+    Sentencia sentencia;
+    Resultado resultado;  // tieneFilas and columnas
+    std::vector<Clase> clases;
+};
+
+Preparada Preparar(sqlite3* db, const std::string& sql) {
     const std::string texto = sqlite::RenombrarIsNull(sql);
     const char* fin = texto.data() + texto.size();
 
@@ -200,45 +209,90 @@ Resultado MotorSqlite::Ejecutar(const std::string& sql, const std::vector<Varian
             throw sqlite::FaultDe(db);
         if (crudo == nullptr && cola == desde) break;
     }
-    Sentencia sentencia(crudo);
-    if (!sentencia) throw Fault{SQLITE_ERROR, "There is no statement to run: the text is empty."};
+    Preparada preparada{Sentencia(crudo), {}, {}};
+    if (!preparada.sentencia) throw Fault{SQLITE_ERROR, "There is no statement to run: the text is empty."};
     // The one defence against statements glued after a value: whatever
     // follows the first statement must be blanks, ";" or comments.
     if (SaltarRelleno(cola, fin) != fin)
         throw Fault{SQLITE_ERROR,
                     "A second statement after \";\" was refused: only one statement runs at a time. Nothing ran."};
 
-    Enlazar(db, sentencia.get(), parametros);
-
-    Resultado resultado;
-    const int columnas = sqlite3_column_count(sentencia.get());
-    resultado.tieneFilas = columnas > 0;
-    std::vector<Clase> clases;
+    sqlite3_stmt* sentencia = preparada.sentencia.get();
+    const int columnas = sqlite3_column_count(sentencia);
+    preparada.resultado.tieneFilas = columnas > 0;
     for (int i = 0; i < columnas; ++i) {
         Columna columna;
-        if (const char* nombre = sqlite3_column_name(sentencia.get(), i)) columna.nombre = nombre;
+        if (const char* nombre = sqlite3_column_name(sentencia, i)) columna.nombre = nombre;
 #ifdef CELDORA_SQLITE_ORIGEN_COLUMNAS
-        if (const char* tabla = sqlite3_column_table_name(sentencia.get(), i)) columna.tablaBase = tabla;
-        if (const char* origen = sqlite3_column_origin_name(sentencia.get(), i)) columna.columnaBase = origen;
+        if (const char* tabla = sqlite3_column_table_name(sentencia, i)) columna.tablaBase = tabla;
+        if (const char* origen = sqlite3_column_origin_name(sentencia, i)) columna.columnaBase = origen;
 #endif
-        resultado.columnas.push_back(std::move(columna));
-        clases.push_back(ClaseDeclarada(sqlite3_column_decltype(sentencia.get(), i)));
+        preparada.resultado.columnas.push_back(std::move(columna));
+        preparada.clases.push_back(ClaseDeclarada(sqlite3_column_decltype(sentencia, i)));
+    }
+    return preparada;
+}
+
+// Steps a statement once; false when it is done. The row's values go into
+// fila when there is one.
+bool Paso(sqlite3* db, sqlite3_stmt* sentencia, const std::vector<Clase>& clases, std::vector<Variant>& fila) {
+    const int rc = sqlite3_step(sentencia);
+    if (rc == SQLITE_DONE) return false;
+    if (rc != SQLITE_ROW) throw sqlite::FaultDe(db);
+    fila.resize(clases.size());
+    for (std::size_t i = 0; i < clases.size(); ++i) fila[i] = Leer(sentencia, static_cast<int>(i), clases[i]);
+    return true;
+}
+
+// The rows of a statement stepped as they are asked for. The statement is
+// finalized once it is done, so that a finished reading holds nothing that
+// would keep a transaction from ending.
+class CursorSqlite : public Cursor {
+public:
+    CursorSqlite(sqlite3* db, Preparada preparada)
+        : db_(db), sentencia_(std::move(preparada.sentencia)), clases_(std::move(preparada.clases)) {}
+
+    bool Siguiente(std::vector<Variant>& fila) override {
+        if (!sentencia_) return false;
+        if (Paso(db_, sentencia_.get(), clases_, fila)) return true;
+        sentencia_.reset();
+        return false;
     }
 
+private:
+    sqlite3* db_;
+    Sentencia sentencia_;
+    std::vector<Clase> clases_;
+};
+
+// Runs a prepared statement to its end with its parameters.
+Resultado Correr(sqlite3* db, Preparada preparada, const std::vector<Variant>& parametros) {
+    Enlazar(db, preparada.sentencia.get(), parametros);
+
+    Resultado resultado = std::move(preparada.resultado);
     const sqlite3_int64 antes = sqlite3_total_changes64(db);
-    for (;;) {
-        const int rc = sqlite3_step(sentencia.get());
-        if (rc == SQLITE_DONE) break;
-        if (rc != SQLITE_ROW) throw sqlite::FaultDe(db);
-        std::vector<Variant> fila;
-        fila.reserve(static_cast<std::size_t>(columnas));
-        for (int i = 0; i < columnas; ++i)
-            fila.push_back(Leer(sentencia.get(), i, clases[static_cast<std::size_t>(i)]));
-        resultado.filas.push_back(std::move(fila));
-    }
+    std::vector<Variant> fila;
+    while (Paso(db, preparada.sentencia.get(), preparada.clases, fila)) resultado.filas.push_back(std::move(fila));
     // sqlite3_changes keeps the count of the last INSERT, UPDATE or DELETE,
     // so a statement that changed nothing (DDL, a PRAGMA) must not take it.
     if (!resultado.tieneFilas && sqlite3_total_changes64(db) != antes) resultado.afectadas = sqlite3_changes64(db);
+    return resultado;
+}
+
+}  // namespace
+
+Resultado MotorSqlite::Ejecutar(const std::string& sql, const std::vector<Variant>& parametros) {
+    sqlite3* db = Db();
+    return Correr(db, Preparar(db, sql), parametros);
+}
+
+// A statement without rows runs at once, as Ejecutar runs it.
+Resultado MotorSqlite::Recorrer(const std::string& sql) {
+    sqlite3* db = Db();
+    Preparada preparada = Preparar(db, sql);
+    if (!preparada.resultado.tieneFilas) return Correr(db, std::move(preparada), {});
+    Resultado resultado = std::move(preparada.resultado);
+    resultado.pendientes = std::make_unique<CursorSqlite>(db, std::move(preparada));
     return resultado;
 }
 

@@ -31,6 +31,10 @@ public:
     bool Abierto() const override;
     void Cerrar() override;
     Resultado Ejecutar(const std::string& sql, const std::vector<Variant>& parametros = {}) override;
+    // The rows are stepped as they are read, from the tables as they stand
+    // then: a change this connection makes meanwhile to a row not yet read
+    // may show in it, and a row it changes may come again.
+    Resultado Recorrer(const std::string& sql) override;
     std::int64_t UltimaClave() override;
     std::vector<std::string> ClavePrimaria(const std::string& tabla) override;
     void IniciarTransaccion() override;

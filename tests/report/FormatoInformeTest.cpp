@@ -7,6 +7,10 @@
 #include <string>
 
 #include "report/FormatoInforme.h"
+#include "value/Format.h"
+#include "value/Regional.h"
+#include "value/Text.h"
+#include "value/Variant.h"
 
 namespace celdora {
 namespace {
@@ -56,6 +60,25 @@ TEST(FormatearLinea, GivesTwelveTrimmedFieldsWithTheRangeAndAmountsAndTheInForce
         const std::string linea = FormatearLinea(caso.datos, caso.no, caso.ano, adicional);
         EXPECT_EQ(linea, caso.linea);
         EXPECT_EQ(adicional, caso.adicional);
+    }
+}
+
+// The amounts as the host writes them take a shorter road than the
+// formatter; whatever the text and the machine's separator, the field must
+// read as the formatter writes it.
+TEST(FormatearLinea, AmountsReadAsTheFormatterWritesThemUnderEitherSeparator) {
+    const char* importes[] = {"0",   "00",   "7",    "007.5", "12.3",  "12,3", "12.34", "12.345", "100",
+                              "12.", ".5",   "1,5",  "-3",    "1e3",   " 5",   "1.2.3", "0.05",   "123456789012345",
+                              "1234567890123.45", "12345678901234.56", "9999999999999999", "1,234.5"};
+    for (const char separador : {'.', ','}) {
+        ScopedRegional regional(Regional{separador, separador == '.' ? ',' : '.', DateOrder::DayFirst});
+        for (const char* importe : importes) {
+            SCOPED_TRACE(std::string(importe) + " con " + separador);
+            std::string adicional;
+            const std::string linea =
+                FormatearLinea("|R|A|1||f|" + std::string(importe) + "|1|1|I||||", 12345, 2010, adicional);
+            EXPECT_EQ(SplitText(linea, "|")[6], Trim(Format(Variant(std::string(importe)), "#.00")));
+        }
     }
 }
 

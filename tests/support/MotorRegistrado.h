@@ -21,6 +21,10 @@ public:
         sentencias->push_back(sql);
         return real_->Ejecutar(sql, parametros);
     }
+    platform::Resultado Recorrer(const std::string& sql) override {
+        sentencias->push_back(sql);
+        return real_->Recorrer(sql);
+    }
     std::int64_t UltimaClave() override { return real_->UltimaClave(); }
     std::vector<std::string> ClavePrimaria(const std::string& tabla) override { return real_->ClavePrimaria(tabla); }
     void IniciarTransaccion() override { real_->IniciarTransaccion(); }
