@@ -23,6 +23,10 @@ std::string NumberAndDescriptionTight(const Fault& fault) {
     return std::to_string(fault.number) + "(" + fault.description + ")";
 }
 
+std::string DescriptionAndNumber(const Fault& fault) {
+    return fault.description + " (" + std::to_string(fault.number) + ")";
+}
+
 std::string ErrorText(const Fault& fault) { return "Error " + NumberAndDescription(fault); }
 
 std::string ErrorTextIn(const Fault& fault, const std::string& procedure) {

@@ -30,6 +30,9 @@ Fault CancelSelected();         // 32755, a common dialog cancelled with CancelE
 std::string NumberAndDescription(const Fault& fault);
 // number + "(" + description + ")", the variant without the blank.
 std::string NumberAndDescriptionTight(const Fault& fault);
+// description + " (" + number + ")", the order of the traps of the
+// configuration dialog's pages.
+std::string DescriptionAndNumber(const Fault& fault);
 // "Error " + number + " (" + description + ")"
 std::string ErrorText(const Fault& fault);
 // The same followed by " in procedure " + procedure.
