@@ -6,6 +6,7 @@
 // through which a check that fails takes the user to its page.
 
 #include "forms/Controles.h"
+#include "host/Settings.h"
 
 namespace celdora {
 
@@ -20,6 +21,9 @@ struct Marco {
 
     // The facade, when a routine runs; fault 91 while the dialog has none.
     cAcction& Fachada() const;
+    // The company's key store, through the facade; fault 91 when either is
+    // missing.
+    host::GlobalVar& Ajustes() const;
 
     // Selects the page of that index and gives the control the focus.
     void IrA(int pagina, forms::Control& control) const;

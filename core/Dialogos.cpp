@@ -10,6 +10,7 @@
 #include "certificates/dlgcertificado.h"
 #include "certificates/frmBlockXCer.h"
 #include "certificates/frmPFX.h"
+#include "configdialog/dlgConfig.h"
 #include "core/cAcction.h"
 #include "core/mdlMain.h"
 #include "report/dlgExportarInforme.h"
@@ -118,10 +119,19 @@ std::unique_ptr<forms::Dialogo> BlocksDelPrimerCertificado(cAcction& accion) {
     return dialogo;
 }
 
+// The main configuration dialog as Configuracion opens it: loaded whole.
+std::unique_ptr<forms::Dialogo> Configuracion(cAcction& accion) {
+    auto dialogo = std::make_unique<dlgConfig>();
+    dialogo->setObjects(&accion);
+    dialogo->init();
+    return dialogo;
+}
+
 const std::map<std::string, Fabrica>& Fabricas() {
     static const std::map<std::string, Fabrica> fabricas = {
         {"dlgAddress", Simple<dlgAddress>()},
         {"dlgcertificado", EditorNuevo<dlgcertificado>},
+        {"dlgConfig", Configuracion},
         {"dlgConfigAvz", ConFachada<dlgConfigAvz>()},
         {"dlgConfigFoliosCBB", RangoCBBNuevo},
         {"dlgEmisor", ConDataObjects<dlgEmisor>()},

@@ -380,6 +380,7 @@ const Tabla& TablaCAcction() {
          Metodo("setObjects", &cAcction::setObjects, {"cnn", "objCatNV"}),
          Metodo("EliminarAprobacionFolios", &cAcction::EliminarAprobacionFolios, {"Sys_PK", {"boAsk", true}}),
          Metodo("EliminarCertificado", &cAcction::EliminarCertificado, {"Sys_PK", {"boAsk", true}}),
+         Metodo("Configuracion", &cAcction::Configuracion),
          Metodo("AgregarAprobacionFolios", &cAcction::AgregarAprobacionFolios),
          Metodo("ModificarAprobacionFolios", &cAcction::ModificarAprobacionFolios, {"Sys_PK"}),
          Metodo("AgregarCertificado", &cAcction::AgregarCertificado),

@@ -150,6 +150,8 @@ public:
     std::int32_t AgregarAprobacionFolios();
     bool ModificarAprobacionFolios(std::int32_t Sys_PK);
     // End of the editors of certificates and folio ranges.
+    // The main configuration dialog (configdialog/).
+    void Configuracion();
 
     // Private routines the rest of the system uses.
     std::int32_t EnteroCampo(host::Recordset& recordset, const std::string& campo);

@@ -17,9 +17,9 @@ using host::Icono;
 using host::Respuesta;
 using testing::Textos;
 
-class Paginas : public testing::FachadaDemo, public forms::Dialogo {
+class PaginasDomicilio : public testing::FachadaDemo, public forms::Dialogo {
 protected:
-    Paginas() : Dialogo("dlgPaginas", "Páginas") { marco.paginas = &TabControl; }
+    PaginasDomicilio() : Dialogo("dlgPaginas", "Páginas") { marco.paginas = &TabControl; }
     std::shared_ptr<testing::GlobalVarGrabado> ajustes = std::make_shared<testing::GlobalVarGrabado>();
     configuracion::Marco marco;
     forms::TabControl& TabControl = Agregar<forms::TabControl>("TabControl", std::vector<std::string>{"0", "1", "2"});
@@ -53,7 +53,7 @@ std::string Vista(const forms::AddressControl& a) {
 
 // City, street text, postal code; the boxes shown and the answer.
 struct Domicilio { int ciudad; std::string address, codep; Textos cajas; bool valido; };
-class ValidarDomicilio : public Paginas, public ::testing::WithParamInterface<Domicilio> {};
+class ValidarDomicilio : public PaginasDomicilio, public ::testing::WithParamInterface<Domicilio> {};
 
 const std::string kSinCiudad = "Por favor seleccione una ciudad.";
 const std::string kCP = "Código postal incorrecto. Debe contener 5 dígitos";
@@ -85,7 +85,7 @@ INSTANTIATE_TEST_SUITE_P(
 // checked first, as the dialogs chain them. A first save inserts the row,
 // with the postal code trimmed, and its key goes first, so the next load
 // finds it; a refused save writes no key.
-TEST_F(Paginas, TheSavedAddressKeyGoesFirstAndAFailedSaveWritesNoKey) {
+TEST_F(PaginasDomicilio, TheSavedAddressKeyGoesFirstAndAFailedSaveWritesNoKey) {
     ajustes->Poner("NVCA102b", "9");
     e.eDir.notes("nota");
     e.cargarEmisor();
@@ -112,7 +112,7 @@ TEST_F(Paginas, TheSavedAddressKeyGoesFirstAndAFailedSaveWritesNoKey) {
 
 // Matriz comes first, shown with its flag and asking nothing while cargando
 // is up. With no centres the address is disabled and validation passes.
-TEST_F(Paginas, CentresLoadByNameAndTheFiscalAddressSwitchClosesTheirPage) {
+TEST_F(PaginasDomicilio, CentresLoadByNameAndTheFiscalAddressSwitchClosesTheirPage) {
     Centros(0);
     EXPECT_EQ(c.cmbCC.List(2) + Vista(c.eDirCC) + std::to_string(c.chkDomicilioExpCXC.Value()),
               "Sucursal MonterreyDomicilio Matriz||||Av. Juárez|123||4|060101");
@@ -128,7 +128,7 @@ TEST_F(Paginas, CentresLoadByNameAndTheFiscalAddressSwitchClosesTheirPage) {
 // unchecks the box through its unguarded handler), the answer; the box's
 // value and the flags of the three centres.
 struct Marca { int indice; Respuesta respuesta; std::string flags; };
-class MarcarCXC : public Paginas, public ::testing::WithParamInterface<Marca> {};
+class MarcarCXC : public PaginasDomicilio, public ::testing::WithParamInterface<Marca> {};
 
 TEST_P(MarcarCXC, OneCentreAtMostAndARefusedClickIsUndoneWithoutAskingAgain) {
     Centros(GetParam().indice < 0 ? 0 : GetParam().indice);
@@ -152,7 +152,7 @@ INSTANTIATE_TEST_SUITE_P(, MarcarCXC,
 // address and keeps what Matriz showed, so a save writes over Matriz's row
 // and points Guadalajara at it too.
 struct Guardado { int pais; std::string address, codep, caja; };
-class GuardarCentro : public Paginas, public ::testing::WithParamInterface<Guardado> {};
+class GuardarCentro : public PaginasDomicilio, public ::testing::WithParamInterface<Guardado> {};
 
 TEST_P(GuardarCentro, EachCheckStopsTheSaveAndACentreWithoutAddressSharesThePreviousRow) {
     db.Ejecutar("UPDATE CConsumo SET uf_DomicilioCFD=NULL WHERE Sys_PK=2");
@@ -177,7 +177,7 @@ INSTANTIATE_TEST_SUITE_P(
 // A change to the demo, the box, the answer. The host's "(desconocido)" city
 // passes here; without the facade the routine's own trap answers.
 struct Cambio { std::string sql, caja; bool valido; };
-class ValidarCentros : public Paginas, public ::testing::WithParamInterface<Cambio> {};
+class ValidarCentros : public PaginasDomicilio, public ::testing::WithParamInterface<Cambio> {};
 
 TEST_P(ValidarCentros, EveryCentreNeedsACityAndASeparatedStreet) {
     if (GetParam().sql.empty()) marco.oAcc = nullptr; else db.Ejecutar(GetParam().sql);
@@ -200,7 +200,7 @@ INSTANTIATE_TEST_SUITE_P(
                    "variable not set (91)", false}));
 
 // The rows of Domicilio stay; without the facade the routine's own trap answers.
-TEST_F(Paginas, SuppressingClearsEveryCentreOnlyWhenTheFiscalAddressIsUsed) {
+TEST_F(PaginasDomicilio, SuppressingClearsEveryCentreOnlyWhenTheFiscalAddressIsUsed) {
     for (int marcado : {0, 1}) {
         c.chkUsarDomFisComoDomExp.Value(marcado);
         EXPECT_TRUE(c.suprimirDomiciliosCC());

@@ -39,6 +39,37 @@ public:
     std::map<std::string, std::string> valores_;
 };
 
+// A company store that passes everything to another (the real one of a
+// company database) and notes the writes that it passes on.
+class GlobalVarAnotado : public host::GlobalVar {
+public:
+    explicit GlobalVarAnotado(std::shared_ptr<host::GlobalVar> real) : real_(std::move(real)) {}
+    std::vector<std::string> escrituras;
+    int conexiones = 0;
+
+    double LeerNumero(const std::string& key, double defaultValue) override {
+        return real_->LeerNumero(key, defaultValue);
+    }
+    std::string LeerTexto(const std::string& key, const std::string& defaultValue) override {
+        return real_->LeerTexto(key, defaultValue);
+    }
+    void Conectar(std::shared_ptr<host::Connection> connection) override {
+        ++conexiones;
+        real_->Conectar(std::move(connection));
+    }
+    bool GuardarNumero(const std::string& key, double value) override {
+        escrituras.push_back(key + "=" + CStr(Variant(value)));
+        return real_->GuardarNumero(key, value);
+    }
+    bool GuardarTexto(const std::string& key, const std::string& value) override {
+        escrituras.push_back(key + "=" + value);
+        return real_->GuardarTexto(key, value);
+    }
+
+private:
+    std::shared_ptr<host::GlobalVar> real_;
+};
+
 // The real INI store of platform/files, noting its writes.
 class ConfigLocalGrabado : public platform::cConfigLocalIni {
 public:

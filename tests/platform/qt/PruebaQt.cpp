@@ -145,4 +145,9 @@ Vigilante::Vigilante(int milisegundos) {
     reloj_.start();
 }
 
+void ElegirEn(QComboBox* lista, const QString& texto) {
+    for (int i = 0; i < lista->count() && lista->currentText() != texto; ++i) QTest::keyClick(lista, Qt::Key_Down);
+    EXPECT_EQ(lista->currentText(), texto);
+}
+
 }  // namespace celdora::testing

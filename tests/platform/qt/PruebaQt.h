@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QComboBox>
 #include <QFileDialog>
 #include <QMessageBox>
 #include <QTimer>
@@ -81,6 +82,10 @@ T* Widget(QWidget* ventana, const char* nombre) {
 // Types the text into the widget key by key, as a person does; unlike
 // QTest::keyClicks it types letters beyond ASCII ("ñ", "á").
 void Teclear(QWidget* widget, const QString& texto);
+
+// Picks an item of a combo with the keyboard, as a person does: Down until
+// it shows.
+void ElegirEn(QComboBox* lista, const QString& texto);
 
 // The text of the label beside a field.
 QString Rotulo(QWidget* campo);

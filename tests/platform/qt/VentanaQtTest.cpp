@@ -376,12 +376,6 @@ public:
     forms::AddressControl& eDir = Agregar<forms::AddressControl>("eDir");
 };
 
-// Picks an item with the keyboard, as a person does: Down until it shows.
-void ElegirEn(QComboBox* lista, const QString& texto) {
-    for (int i = 0; i < lista->count() && lista->currentText() != texto; ++i) QTest::keyClick(lista, Qt::Key_Down);
-    EXPECT_EQ(lista->currentText(), texto);
-}
-
 TEST(VentanaQtListas, MemoEditableComboListBoxesAndAddressBothWays) {
     PlataformaQt qt;
     Vigilante vigilante;
