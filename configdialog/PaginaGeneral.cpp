@@ -35,6 +35,7 @@ PaginaGeneral::PaginaGeneral(forms::Dialogo& dialogo, Marco& marco) : Unidad(dia
     btnDelCer.Click = [this] { btnDelCer_Click(); };
     btnAddF.Click = [this] { btnAddF_Click(); };
     btnEditF.Click = [this] { btnEditF_Click(); };
+    lstCer.DblClick = [this] { btnEditCer_Click(); };
     lvwFolio.DblClick = [this](int) { btnEditF_Click(); };
     btnDelF.Click = [this] { btnDelF_Click(); };
     btnEditarBlockCFDI.Click = [this] { btnEditarBlockCFDI_Click(); };

@@ -208,6 +208,8 @@ public:
     void Clear() override;
 
     std::function<void(int index)> ItemCheck;
+    // A person double-clicking an entry, after the first click selected it.
+    std::function<void()> DblClick;
 
 private:
     bool casillas_;

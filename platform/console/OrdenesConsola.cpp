@@ -365,9 +365,18 @@ void Pagina(Contexto& c, const Linea& linea) {
 void Doble(Contexto& c, const Linea& linea) {
     Control* control = Alcanzar(c, linea);
     if (control == nullptr) return;
+    if (auto* lista = dynamic_cast<forms::ListBox*>(control)) {
+        const auto indice = Indice(c, *lista, linea.resto, TextosLista(*lista));
+        if (!indice || !Enfocar(c, *lista)) return;
+        // The first click selects the entry, the second opens it.
+        lista->ListIndex(*indice);
+        if (c.dialogo.Visible() && lista->DblClick) lista->DblClick();
+        return;
+    }
     auto* vista = dynamic_cast<forms::ListView*>(control);
     if (vista == nullptr) {
-        Falla(c, "el doble clic es para las filas de una vista; " + Q(control->Nombre()) + " no lo es.");
+        Falla(c, "el doble clic es para las filas de una vista o las entradas de una lista; " +
+                     Q(control->Nombre()) + " no lo es.");
         return;
     }
     const auto indice = Indice(c, *vista, linea.resto, TextosVista(*vista));

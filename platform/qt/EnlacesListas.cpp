@@ -37,6 +37,11 @@ public:
                          [this](QListWidgetItem* item, QListWidgetItem* anterior) {
                              if (PorTeclado(item, anterior)) Elegir(item);
                          });
+        QObject::connect(widget_, &QListWidget::itemDoubleClicked, widget_, [this](QListWidgetItem*) {
+            Accion([this] {
+                if (lista_.Accesible() && lista_.DblClick) lista_.DblClick();
+            });
+        });
         QObject::connect(widget_, &QListWidget::itemChanged, widget_, [this](QListWidgetItem* item) {
             const int fila = widget_->row(item);
             const bool marcado = item->checkState() == Qt::Checked;

@@ -236,9 +236,12 @@ TEST_F(Configuracion, ASaveFailingAtTheDeletionOfRegimesKeepsWhatRanBefore) {
 }
 
 // Cancel drops what the save would have written, and keeps what the
-// permissions button committed on its own.
+// permissions button committed on its own. A double click on a certificate
+// opens its editor.
 TEST_F(Configuracion, CancelKeepsOnlyWhatThePagesOwnButtonsCommitted) {
+    platform.ui.AlMostrar("dlgcertificado", [](forms::Dialogo& d) { d.Hide(); });
     Abrir([](dlgConfig& d) {
+        d.general.lstCer.DblClick();
         d.emisor.txtNombreEmisor.Text("OTRA EMPRESA");
         d.regimenes.cmbRegimen.Text("Régimen de Incorporación Fiscal");
         d.regimenes.cmdAgregarRegimen.Pulsar();
@@ -246,6 +249,7 @@ TEST_F(Configuracion, CancelKeepsOnlyWhatThePagesOwnButtonsCommitted) {
         d.btnCancel.Pulsar();
         EXPECT_FALSE(d.Aceptado);
     });
+    EXPECT_EQ(platform.ui.Registro().at(1), "dialogo: dlgcertificado");
     ASSERT_EQ(ajustes->escrituras.size(), 13u);
     EXPECT_EQ(ajustes->escrituras.front(), "NVCA316x=1;3");
     EXPECT_EQ(ajustes->escrituras.back().rfind("NVCA326xb=", 0), 0u);

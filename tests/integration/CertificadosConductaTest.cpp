@@ -61,13 +61,8 @@ TEST_P(CertificadosConducta, ARangeAndTheMoveOfItsBlockCommitOrRollBackTogether)
     EXPECT_EQ(empresa->Contar("ut_CFDFolio"), 4);
 }
 
-std::string NombreDelTipo(const ::testing::TestParamInfo<std::string>& info) {
-    std::string nombre;
-    for (char c : info.param) nombre += c == '-' ? '_' : c;
-    return nombre;
-}
-
-INSTANTIATE_TEST_SUITE_P(Motores, CertificadosConducta, ::testing::ValuesIn(Empresa::Tipos()), NombreDelTipo);
+INSTANTIATE_TEST_SUITE_P(Motores, CertificadosConducta, ::testing::ValuesIn(Empresa::Tipos()),
+                         integracion::NombreDelTipo());
 
 }  // namespace
 }  // namespace celdora

@@ -319,13 +319,8 @@ TEST_P(Conducta, ACBBImageFileComesBackFromItsRangesRowByteForByte) {
     }
 }
 
-std::string NombreDelTipo(const ::testing::TestParamInfo<std::string>& info) {
-    std::string nombre;
-    for (char c : info.param) nombre += c == '-' ? '_' : c;
-    return nombre;
-}
-
-INSTANTIATE_TEST_SUITE_P(Motores, Conducta, ::testing::ValuesIn(Empresa::Tipos()), NombreDelTipo);
+INSTANTIATE_TEST_SUITE_P(Motores, Conducta, ::testing::ValuesIn(Empresa::Tipos()),
+                         integracion::NombreDelTipo());
 
 }  // namespace
 }  // namespace celdora

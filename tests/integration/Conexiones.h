@@ -57,6 +57,17 @@ private:
 // again for each test.
 inline constexpr const char* kBaseDeLaSuite = "celdora_test_conducta";
 
+// A kind as the name of a parameterized test: "mariadb-odbc" becomes
+// "mariadb_odbc", since a test's name takes no hyphen.
+struct NombreDelTipo {
+    template <class Info>
+    std::string operator()(const Info& info) const {
+        std::string nombre;
+        for (char c : info.param) nombre += c == '-' ? '_' : c;
+        return nombre;
+    }
+};
+
 // An ODBC connection string with another database in its Database= (or DB=)
 // item, which is added when it has none.
 std::string CadenaOdbcConBase(const std::string& cadena, const std::string& base);

@@ -73,13 +73,8 @@ TEST_P(ConfiguracionConducta, TheDialogsSavesReachTheirRows) {
     EXPECT_EQ(Texto("SELECT Numero FROM gv_Configuracion WHERE Clave='NVCB01121'"), "1");
 }
 
-std::string NombreDelTipo(const ::testing::TestParamInfo<std::string>& info) {
-    std::string nombre;
-    for (char c : info.param) nombre += c == '-' ? '_' : c;
-    return nombre;
-}
-
-INSTANTIATE_TEST_SUITE_P(Motores, ConfiguracionConducta, ::testing::ValuesIn(Empresa::Tipos()), NombreDelTipo);
+INSTANTIATE_TEST_SUITE_P(Motores, ConfiguracionConducta, ::testing::ValuesIn(Empresa::Tipos()),
+                         integracion::NombreDelTipo());
 
 }  // namespace
 }  // namespace celdora

@@ -40,13 +40,8 @@ TEST_P(LugaresConducta, NewPlacesAndAnAddressInOneReadBack) {
     EXPECT_EQ((Claves{donde.pais, donde.estado}), (Claves{pais, estado}));
 }
 
-std::string NombreDelTipo(const ::testing::TestParamInfo<std::string>& info) {
-    std::string nombre;
-    for (char c : info.param) nombre += c == '-' ? '_' : c;
-    return nombre;
-}
-
-INSTANTIATE_TEST_SUITE_P(Motores, LugaresConducta, ::testing::ValuesIn(Empresa::Tipos()), NombreDelTipo);
+INSTANTIATE_TEST_SUITE_P(Motores, LugaresConducta, ::testing::ValuesIn(Empresa::Tipos()),
+                         integracion::NombreDelTipo());
 
 }  // namespace
 }  // namespace celdora
