@@ -2,7 +2,6 @@
 
 #include <errmsg.h>
 #include <mysql.h>
-#include <mysqld_error.h>
 
 #include <algorithm>
 #include <charconv>
@@ -382,6 +381,35 @@ Variant LeerCelda(MYSQL_STMT* sentencia, const MYSQL_FIELD& campo, Celda& celda,
     return DeTexto(campo, celda.clase, celda.bytes.data(), celda.largo);
 }
 
+// The rows of a result stored on the client, made values one at a time.
+class FilasGuardadas : public Cursor {
+public:
+    explicit FilasGuardadas(Metadatos filas)
+        : filas_(std::move(filas)), campos_(mysql_fetch_fields(filas_.get())) {
+        for (unsigned int i = 0; i < mysql_num_fields(filas_.get()); ++i) clases_.push_back(ClaseDe(campos_[i]));
+    }
+
+    bool Siguiente(std::vector<Variant>& fila) override {
+        if (!filas_) return false;
+        const MYSQL_ROW datos = mysql_fetch_row(filas_.get());
+        if (datos == nullptr) {
+            filas_.reset();
+            return false;
+        }
+        const unsigned long* largos = mysql_fetch_lengths(filas_.get());
+        fila.clear();
+        fila.reserve(clases_.size());
+        for (std::size_t i = 0; i < clases_.size(); ++i)
+            fila.push_back(DeTexto(campos_[i], clases_[i], datos[i], largos[i]));
+        return true;
+    }
+
+private:
+    Metadatos filas_;
+    const MYSQL_FIELD* campos_;
+    std::vector<Clase> clases_;
+};
+
 // Rows touched, with the "no count" of the client library read as none.
 std::int64_t Cuenta(my_ulonglong filas) {
     return filas == static_cast<my_ulonglong>(-1) ? 0 : static_cast<std::int64_t>(filas);
@@ -411,17 +439,12 @@ Resultado MotorMariadb::Ejecutar(const std::string& sql, const std::vector<Varia
     // on this connection); the shared check refuses it with the same fault
     // on every engine, before anything reaches the server.
     ExigirUnaSentencia(sql);
+    // A statement without parameters goes as text: one round trip instead of
+    // a prepare and an execute, and the same values come back.
+    if (parametros.empty()) return ComoTexto(sql, false);
     Sentencia sentencia(mysql_stmt_init(db));
     if (!sentencia) throw mariadb::FaultDe(db);
-    if (mysql_stmt_prepare(sentencia.get(), sql.data(), sql.size()) != 0) {
-        // A few statements exist only in the text protocol; they take no
-        // parameters there.
-        if (mysql_stmt_errno(sentencia.get()) == ER_UNSUPPORTED_PS && parametros.empty()) {
-            sentencia.reset();
-            return ComoTexto(sql);
-        }
-        throw mariadb::FaultDe(sentencia.get());
-    }
+    if (mysql_stmt_prepare(sentencia.get(), sql.data(), sql.size()) != 0) throw mariadb::FaultDe(sentencia.get());
 
     std::vector<MYSQL_BIND> enlacesParametros;
     std::vector<Parametro> datosParametros;
@@ -477,7 +500,7 @@ Resultado MotorMariadb::Ejecutar(const std::string& sql, const std::vector<Varia
     return resultado;
 }
 
-Resultado MotorMariadb::ComoTexto(const std::string& sql) {
+Resultado MotorMariadb::ComoTexto(const std::string& sql, bool alCaminar) {
     MYSQL* db = Db();
     if (mysql_real_query(db, sql.data(), sql.size()) != 0) throw mariadb::FaultDe(db);
 
@@ -491,20 +514,14 @@ Resultado MotorMariadb::ComoTexto(const std::string& sql) {
         resultado.tieneFilas = true;
         const unsigned int columnas = mysql_num_fields(filas.get());
         const MYSQL_FIELD* campos = mysql_fetch_fields(filas.get());
-        std::vector<Clase> clases;
-        for (unsigned int i = 0; i < columnas; ++i) {
-            resultado.columnas.push_back(ColumnaDe(campos[i]));
-            clases.push_back(ClaseDe(campos[i]));
-        }
-        while (MYSQL_ROW fila = mysql_fetch_row(filas.get())) {
-            const unsigned long* largos = mysql_fetch_lengths(filas.get());
+        for (unsigned int i = 0; i < columnas; ++i) resultado.columnas.push_back(ColumnaDe(campos[i]));
+        auto guardadas = std::make_unique<FilasGuardadas>(std::move(filas));
+        if (alCaminar) {
+            resultado.pendientes = std::move(guardadas);
+        } else {
             std::vector<Variant> valores;
-            valores.reserve(columnas);
-            for (unsigned int i = 0; i < columnas; ++i)
-                valores.push_back(DeTexto(campos[i], clases[i], fila[i], largos[i]));
-            resultado.filas.push_back(std::move(valores));
+            while (guardadas->Siguiente(valores)) resultado.filas.push_back(std::move(valores));
         }
-        if (mysql_errno(db) != 0) throw mariadb::FaultDe(db);
     }
     while (mysql_more_results(db)) {
         const int rc = mysql_next_result(db);
@@ -513,6 +530,13 @@ Resultado MotorMariadb::ComoTexto(const std::string& sql) {
         Metadatos resto(mysql_store_result(db));
     }
     return resultado;
+}
+
+// The rows stay as the server sent them until each is asked for.
+Resultado MotorMariadb::Recorrer(const std::string& sql) {
+    Db();
+    ExigirUnaSentencia(sql);
+    return ComoTexto(sql, true);
 }
 
 std::int64_t MotorMariadb::UltimaClave() {

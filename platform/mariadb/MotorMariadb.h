@@ -11,9 +11,11 @@ struct st_mysql;
 namespace celdora::platform {
 
 // The engine over a MariaDB or MySQL connection, which already speaks the
-// dialect the system writes. Each statement is prepared and run with its
-// parameters bound; the few the server cannot prepare run as plain text
-// (without parameters) and give the same result. The connection never
+// dialect the system writes. A statement with parameters is prepared and
+// run with them bound; one without goes as plain text, in one round trip,
+// and gives the same values. Rows walked with Recorrer are stored on the
+// client and made values as they are read, so that the connection runs
+// other statements meanwhile. The connection never
 // allows several statements in one text, so a second one after a ";" is
 // refused by the server before anything runs.
 //
@@ -35,6 +37,7 @@ public:
     bool Abierto() const override;
     void Cerrar() override;
     Resultado Ejecutar(const std::string& sql, const std::vector<Variant>& parametros = {}) override;
+    Resultado Recorrer(const std::string& sql) override;
     std::int64_t UltimaClave() override;
     std::vector<std::string> ClavePrimaria(const std::string& tabla) override;
     void IniciarTransaccion() override;
@@ -44,7 +47,9 @@ public:
 
 private:
     st_mysql* Db() const;
-    Resultado ComoTexto(const std::string& sql);
+    // Runs a statement in the text protocol; its rows are read all at once,
+    // or left pending for the caller to walk.
+    Resultado ComoTexto(const std::string& sql, bool alCaminar);
     void Directo(const char* sql);
 
     st_mysql* db_ = nullptr;
