@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "configdialog/dlgConfig.h"
+#include "core/mdlMain.h"
 #include "settings/OpcionesAvanzadas.h"
 #include "settings/dlgConfigAvz.h"
 #include "tests/support/AjustesGrabados.h"
@@ -166,12 +167,20 @@ INSTANTIATE_TEST_SUITE_P(
 
 // A company on CBB asks for a certificate but for no block; six decimals
 // pass. Every key goes in its order, and the settings are loaded again.
+// A stored password is shown as stored and left alone; a missing decimals
+// key shows two; a stored advanced option goes back as it was.
 TEST_F(Configuracion, AGoodSaveWritesEveryKeyInOrderAndReloadsTheSettings) {
     Tipo(cCBB);
+    db.Ejecutar("DELETE FROM gv_Configuracion WHERE Clave='NVCA328x'");
+    db.Ejecutar("INSERT INTO gv_Configuracion (Clave, Numero, Texto) VALUES ('NVCA312x', NULL, 'cifrada'), "
+                "('NVCA400x', 1, NULL)");
+    ajustes->Conectar(acc.ADOCnn);
     const int conexiones = ajustes->conexiones;
     bool aceptado = false;
     Abrir([&](dlgConfig& d) {
         EXPECT_EQ(d.general.lvwBlockCFDI.Count(), 0);
+        EXPECT_EQ(d.correo.txtP1.Text() + d.correo.txtP2.Text(), "cifradacifrada");
+        EXPECT_EQ(d.adicionales.eNumDecimales.Value(), 2);
         d.adicionales.eNumDecimales.Value(6);
         d.adicionales.chkComplemento.Value(1);
         d.correo.txtMail.Text("  facturas@kemper.mx ");
@@ -184,9 +193,36 @@ TEST_F(Configuracion, AGoodSaveWritesEveryKeyInOrderAndReloadsTheSettings) {
     esperadas[3] = "NVCA300x=-1";
     esperadas[5] = "NVCA304x=facturas@kemper.mx";
     esperadas[17] = "NVCA328x=6";
+    esperadas[18] = "NVCA400x=1";
     EXPECT_EQ(ajustes->escrituras, esperadas);
     EXPECT_EQ(ajustes->conexiones, conexiones + 1);
     EXPECT_TRUE(SinCajas());
+}
+
+// With the fiscal address as the expedition address the centres' page is
+// out of use and the save clears their addresses; a password typed twice is
+// stored enciphered, after the user.
+TEST_F(Configuracion, TheSwitchClearsTheCentresAndANewPasswordIsEnciphered) {
+    db.Ejecutar("INSERT INTO gv_Configuracion (Clave, Numero, Texto) VALUES ('NVCB01121', 1, NULL)");
+    ajustes->Conectar(acc.ADOCnn);
+    Abrir([](dlgConfig& d) {
+        EXPECT_FALSE(d.TabControl.PaginaHabilitada(dlgConfig::kExpedicion));
+        CertificadoDeBlocks(d);
+        d.correo.txtP1.Text("nueva");
+        d.correo.txtP2.Text("nueva");
+        d.btnOK.Pulsar();
+    });
+    ASSERT_GT(ajustes->escrituras.size(), 13u);
+    std::string& clave = ajustes->escrituras[13];
+    const std::string cifrada = clave.substr(clave.find('=') + 1);
+    EXPECT_EQ(mdlMain::DescifrarTexto(cifrada), "nueva");
+    EXPECT_NE(cifrada, "nueva");
+    clave = "NVCA312x=(cifrada)";
+    Textos esperadas = kGuardadoCompleto;
+    esperadas.insert(esperadas.begin() + 13, "NVCA312x=(cifrada)");
+    esperadas.back() = "NVCB01121=1";
+    EXPECT_EQ(ajustes->escrituras, esperadas);
+    EXPECT_EQ(db.Contar("CConsumo WHERE uf_DomicilioCFD IS NULL AND uf_ExpedicionCXC=0"), 3);
 }
 
 // The advanced options reach their keys only through this dialog's save.
