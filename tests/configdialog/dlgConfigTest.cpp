@@ -203,7 +203,9 @@ TEST_F(Configuracion, AGoodSaveWritesEveryKeyInOrderAndReloadsTheSettings) {
 // out of use and the save clears their addresses; a password typed twice is
 // stored enciphered, after the user.
 TEST_F(Configuracion, TheSwitchClearsTheCentresAndANewPasswordIsEnciphered) {
-    db.Ejecutar("INSERT INTO gv_Configuracion (Clave, Numero, Texto) VALUES ('NVCB01121', 1, NULL)");
+    db.Ejecutar("INSERT INTO gv_Configuracion (Clave, Numero, Texto) VALUES ('NVCB01121', 1, NULL), "
+                "('NVCA307x', NULL, 'conta@kemper.mx'), ('NVCA308x', NULL, 'Adjunto su factura.'), "
+                "('NVCA310x', NULL, '1'), ('NVCA311x', NULL, 'facturas')");
     ajustes->Conectar(acc.ADOCnn);
     Abrir([](dlgConfig& d) {
         EXPECT_FALSE(d.TabControl.PaginaHabilitada(dlgConfig::kExpedicion));
@@ -221,8 +223,29 @@ TEST_F(Configuracion, TheSwitchClearsTheCentresAndANewPasswordIsEnciphered) {
     Textos esperadas = kGuardadoCompleto;
     esperadas.insert(esperadas.begin() + 13, "NVCA312x=(cifrada)");
     esperadas.back() = "NVCB01121=1";
+    esperadas[8] = "NVCA307x=conta@kemper.mx";
+    esperadas[9] = "NVCA308x=Adjunto su factura.";
+    esperadas[11] = "NVCA310x=1";
+    esperadas[12] = "NVCA311x=facturas";
     EXPECT_EQ(ajustes->escrituras, esperadas);
     EXPECT_EQ(db.Contar("CConsumo WHERE uf_DomicilioCFD IS NULL AND uf_ExpedicionCXC=0"), 3);
+}
+
+// A fiscal address row that can't be written ends the save before any key,
+// with the object's reason, and the dialog stays open.
+TEST_F(Configuracion, AFiscalAddressThatCantBeSavedWritesNoKey) {
+    Abrir([](dlgConfig& d) {
+        CertificadoDeBlocks(d);
+        d.emisor.eDir.colony(std::string(101, 'x'));  // longer than its column
+        d.btnOK.Pulsar();
+        EXPECT_TRUE(d.Visible());
+    });
+    ASSERT_EQ(platform.ui.Cajas().size(), 1u);
+    EXPECT_EQ(platform.ui.Cajas()[0].texto.rfind("Error al guardar domicilio fiscal. ", 0), 0u);
+    EXPECT_GT(platform.ui.Cajas()[0].texto.size(), std::string("Error al guardar domicilio fiscal. ").size());
+    EXPECT_EQ(platform.ui.Cajas()[0].icono, host::Icono::Exclamacion);
+    EXPECT_EQ(Texto("SELECT Colonia FROM Domicilio WHERE Sys_PK=1"), "Cuauhtémoc");
+    EXPECT_TRUE(ajustes->escrituras.empty());
 }
 
 // The advanced options reach their keys only through this dialog's save.
