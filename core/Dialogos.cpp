@@ -24,6 +24,7 @@
 #include "settings/dlgConfigAvz.h"
 #include "settings/dlgLocal.h"
 #include "value/Text.h"
+#include "wizard/dlgAsistenteConfig.h"
 
 namespace celdora::dialogos {
 
@@ -127,9 +128,19 @@ std::unique_ptr<forms::Dialogo> Configuracion(cAcction& accion) {
     return dialogo;
 }
 
+// The setup wizard as AsistenteConfiguracion opens it: loaded whole.
+std::unique_ptr<forms::Dialogo> Asistente(cAcction& accion) {
+    auto dialogo = std::make_unique<dlgAsistenteConfig>();
+    dialogo->setObjects(&accion);
+    dialogo->rutaInicial = impresion::RutaInicial(accion.AppRepositoryPath);
+    dialogo->init();
+    return dialogo;
+}
+
 const std::map<std::string, Fabrica>& Fabricas() {
     static const std::map<std::string, Fabrica> fabricas = {
         {"dlgAddress", Simple<dlgAddress>()},
+        {"dlgAsistenteConfig", Asistente},
         {"dlgcertificado", EditorNuevo<dlgcertificado>},
         {"dlgConfig", Configuracion},
         {"dlgConfigAvz", ConFachada<dlgConfigAvz>()},

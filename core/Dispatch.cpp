@@ -450,6 +450,7 @@ const Tabla& TablaCAcction() {
          ConInterfaz(Metodo("RegimenesFicalesCol", &cAcction::RegimenesFicalesCol), "Coleccion de cRegimenFical"),
          Metodo("PorcentajeIVATrasladadoEnVentaFinanciada", &cAcction::PorcentajeIVATrasladadoEnVentaFinanciada,
                 {"pkventa"}),
+         Metodo("AsistenteConfiguracion", &cAcction::AsistenteConfiguracion),
          ConInterfaz(Metodo("FormaGenerarComprobanteHordana", &cAcction::FormaGenerarComprobanteHordana),
                      "cConceptoFacHordana"),
          Metodo("EstablecerHordanaTipoFormato", &cAcction::EstablecerHordanaTipoFormato,

@@ -152,6 +152,8 @@ public:
     // End of the editors of certificates and folio ranges.
     // The main configuration dialog (configdialog/).
     void Configuracion();
+    // The setup wizard (wizard/), the only place that chooses the kind.
+    void AsistenteConfiguracion();
 
     // Private routines the rest of the system uses.
     std::int32_t EnteroCampo(host::Recordset& recordset, const std::string& campo);
