@@ -23,6 +23,7 @@
 #include "rules/frmSaveAs.h"
 #include "settings/dlgConfigAvz.h"
 #include "settings/dlgLocal.h"
+#include "settings/dlgMainConfig.h"
 #include "value/Text.h"
 #include "wizard/dlgAsistenteConfig.h"
 
@@ -155,6 +156,7 @@ const std::map<std::string, Fabrica>& Fabricas() {
         {"dlgImpresionCBB", [](cAcction& accion) { return Impresion(accion, impresion::kImpresionCBB); }},
         {"dlgInforme", GeneracionDeInforme},
         {"dlgLocal", ConFachada<dlgLocal>()},
+        {"dlgMainConfig", ConFachada<dlgMainConfig>()},
         {"frmBlockXCer", BlocksDelPrimerCertificado},
         {"frmPB", Simple<frmPB>()},
         {"frmPFX", Simple<frmPFX>()},

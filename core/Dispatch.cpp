@@ -431,6 +431,7 @@ const Tabla& TablaCAcction() {
          Metodo("FolioAprobadoCBB_CXC", &cAcction::FolioAprobadoCBB_CXC, {"pkcxc"}),
          Metodo("ConfigurarRepresentacionImpresa", &cAcction::ConfigurarRepresentacionImpresa),
          Metodo("ConfigurarRepresentacionImpresaCBB", &cAcction::ConfigurarRepresentacionImpresaCBB),
+         Metodo("ConfiguracionPrincipal", &cAcction::ConfiguracionPrincipal),
          Metodo("TipoDocumento", &cAcction::TipoDocumento, {"pkventa"}),
          Metodo("TipoDocumento_CXC", &cAcction::TipoDocumento_CXC, {"pkcxc"}),
          Metodo("ObtenerFechaHora", &cAcction::ObtenerFechaHora, {"fecha", "hora"}),
