@@ -228,6 +228,23 @@ INSTANTIATE_TEST_SUITE_P(
              host::Icono::Pregunta, host::Respuesta::No}),
     [](const ::testing::TestParamInfo<Paso>& info) { return info.param.nombre; });
 
+// A company on CBB: no mail key, the decimals as the constant 2, and
+// nothing of the print family's but its own keys.
+TEST_F(Asistente, TheSaveWritesTheCompanyKeysInTheirOrder) {
+    db.Ejecutar("UPDATE gv_Configuracion SET Numero=6 WHERE Clave='NVCA328x'");
+    Abrir([&](D& d) {
+        Adelante(d, cCBB);
+        d.general.ChkCFDauto.Value(0);
+        d.btnFinalizar.Pulsar();
+    });
+    Textos escrituras;
+    for (const std::string& e : ajustes->escrituras) {
+        if (e.rfind("CBBImp", 0) != 0) escrituras.push_back(e);
+    }
+    EXPECT_EQ(escrituras, (Textos{"NVCA300xa=3", "NVCA102b=1", "NVCA100=ESCUELA KEMPER URGATE SA DE CV",
+                                  "NVCA101=EKU9003173C9", "NVCA327x=0", "NVCA328x=2", "NVCB01121=0"}));
+}
+
 // With the company's table gone both forms fail, the second one written
 // for the dialect whose isnull takes two arguments.
 TEST_F(Asistente, TheCertifiedCfdiIsLookedForInTheSecondFormWhenTheFirstFails) {
