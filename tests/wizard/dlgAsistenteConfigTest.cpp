@@ -74,7 +74,7 @@ forms::OptionButton& Opcion(D& d, int tipo) {
 // reached; the pages it went through.
 std::vector<int> Adelante(D& d, int tipo, int hasta = -1) {
     std::vector<int> paginas{d.TabControl.SelectedItem()};
-    while (paginas.back() != hasta) {
+    while (paginas.back() != hasta && paginas.size() < 10) {
         if (paginas.back() == D::kTipoComprobante && tipo > 0) Opcion(d, tipo).Pulsar();
         if (paginas.back() == D::kCertificados && tipo != cCFD) {
             d.general.lstCer.ListIndex(d.general.lstCer.Buscar("30001000000500003416"));
@@ -91,6 +91,7 @@ struct Camino {
     std::vector<int> paginas;
     Textos llaves;        // the kind, print and stamping keys written
     std::string factura;  // the invoice's format as saved
+    std::string titulo;   // of the page of Finalizar
 };
 
 class Caminos : public Asistente, public ::testing::WithParamInterface<Camino> {};
@@ -100,12 +101,16 @@ class Caminos : public Asistente, public ::testing::WithParamInterface<Camino> {
 // default formats.
 TEST_P(Caminos, EachKindPassesThroughItsPagesForwardAndBackAndSavesItsFamilies) {
     const Camino& c = GetParam();
+    const int guardado = c.tipo == cPapel ? cCFDI : c.tipo;  // the wizard opens on the stored kind
+    Tipo(guardado);
     db.Ejecutar("UPDATE ut_CFD SET uf_XMLCFDI=NULL");
     Abrir([&](D& d) {
+        EXPECT_TRUE(Opcion(d, guardado).Value());
         EXPECT_EQ(Adelante(d, c.tipo), c.paginas);
         EXPECT_TRUE(d.btnFinalizar.Enabled() && !d.btnSiguiente.Enabled());
+        EXPECT_EQ(d.lblTitle.Caption(), c.titulo);
         std::vector<int> atras{d.TabControl.SelectedItem()};
-        while (d.btnAtras.Pulsar()) atras.push_back(d.TabControl.SelectedItem());
+        while (atras.size() < 10 && d.btnAtras.Pulsar()) atras.push_back(d.TabControl.SelectedItem());
         EXPECT_EQ(std::vector<int>(atras.rbegin(), atras.rend()), c.paginas);
         EXPECT_EQ(d.lblTitle.Caption(), "Facturación electrónica");
         Adelante(d, c.tipo);
@@ -130,18 +135,20 @@ const Textos kCFDI = {"NVCA300xa", "NVCA300xa", "CFDImp001", "CFDImp002", "NVCA3
 INSTANTIATE_TEST_SUITE_P(
     , Caminos,
     ::testing::Values(
-        Camino{"CFD", cCFD, {0, 1, 2, 3, 4, 6, 7}, kCFD, "/srv/celdora/Reports/Ventas/cfd/Factura cfd.txf"},
-        Camino{"CFDI", cCFDI, {0, 1, 2, 3, 4, 6, 7, 8}, kCFDI, "/srv/celdora/Reports/Ventas/cfdi/Factura cfdi.txf"},
+        Camino{"CFD", cCFD, {0, 1, 2, 3, 4, 6, 7}, kCFD, "/srv/celdora/Reports/Ventas/cfd/Factura cfd.txf",
+               "Envío por correo electrónico (CFD/CFDI)"},
+        Camino{"CFDI", cCFDI, {0, 1, 2, 3, 4, 6, 7, 8}, kCFDI, "/srv/celdora/Reports/Ventas/cfdi/Factura cfdi.txf",
+               "Cuenta para Timbrar"},
         Camino{"CBB",
                cCBB,
                {0, 1, 2, 3, 5, 6},
                {"NVCA300xa", "NVCA300xa", "CBBImp001", "CBBImp002", "CBBImp003", "CBBImp004", "CBBImp006",
                 "CBBImp007", "CBBImp008", "CBBImp009", "CBBImp010", "CBBImp011"},
-               "/srv/celdora/Reports/Ventas/cbb/Factura cbb.txf"},
+               "/srv/celdora/Reports/Ventas/cbb/Factura cbb.txf", "Formatos de impresión del comprobante"},
         Camino{"CFDICBB", cCFDI_CBB, {0, 1, 2, 3, 4, 5, 6, 7, 8}, kCFDI,
-               "/srv/celdora/Reports/Ventas/cfdi/Factura cfdi.txf"},
+               "/srv/celdora/Reports/Ventas/cfdi/Factura cfdi.txf", "Cuenta para Timbrar"},
         // Paper finishes on the page of the kinds: the kind is never 5.
-        Camino{"Papel", cPapel, {0, 1, 2, 3}, {}, ""}),
+        Camino{"Papel", cPapel, {0, 1, 2, 3}, {}, "", "Tipo de comprobante fiscal"}),
     [](const ::testing::TestParamInfo<Camino>& info) { return info.param.nombre; });
 
 struct Paso {
@@ -154,6 +161,7 @@ struct Paso {
     Textos tipos;  // the writes of NVCA300xa
     host::Icono icono = host::Icono::Informacion;
     host::Respuesta respuesta = host::Respuesta::Si;  // to a question
+    std::string titulo = "";
 };
 
 class Pasos : public Asistente, public ::testing::WithParamInterface<Paso> {};
@@ -173,7 +181,7 @@ TEST_P(Pasos, TheStepDecidesThePageTheButtonsAndTheKind) {
     } else if (p.icono == host::Icono::Pregunta) {
         platform.ui.ExpectPregunta(0, p.caja);
     } else {
-        UnaCaja(p.caja, p.icono);
+        UnaCaja(p.caja, p.icono, p.titulo);
     }
     Textos tipos;
     for (const std::string& e : ajustes->escrituras) {
@@ -218,6 +226,15 @@ INSTANTIATE_TEST_SUITE_P(
                  d.btnSiguiente.Pulsar();
              },
              6, true, false, "Seleccione el formato de impresión para facturas en ventas.", {"NVCA300xa=2"}},
+        Paso{"ContrasenaDeLaCuentaSinConfirmar", cCFDI,
+             [](D& d) {
+                 Adelante(d, cCFDI);
+                 d.txtUsuarioTimbre.Text("usuario");
+                 d.txtPWD.Text("otra");
+                 d.btnFinalizar.Pulsar();
+             },
+             8, false, true, "La contraseña de confirmación no coincide.", {"NVCA300xa=2"}, host::Icono::Informacion,
+             host::Respuesta::Si, "Cuenta para timbrar"},
         // Salir writes back the kind found at the opening only when it
         // changed, and only on Yes.
         Paso{"SalirSinCambio", cCFDI, [](D& d) { d.btnSalir.Pulsar(); }, 0, true, false, kSalir, {},
