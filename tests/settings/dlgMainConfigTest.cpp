@@ -33,20 +33,10 @@ protected:
     }
 };
 
-// Another value leaves the label as designed.
-TEST_F(Panel, TheLabelTellsTheStoredKindAndClosingAlwaysAsksForANewConnection) {
-    const std::pair<int, const char*> casos[] = {
-        {cCFD, "CFD"}, {cCFDI, "CFDI"}, {cCBB, "CBB"}, {cCFDI_CBB, "CFDI/CBB"}, {cPapel, "Papel simple"}, {9, ""}};
-    for (const auto& [tipo, texto] : casos) {
-        db.Ejecutar("UPDATE gv_Configuracion SET Numero=" + std::to_string(tipo) + " WHERE Clave='NVCA300xa'");
-        acc.GlobalVar->Conectar(acc.ADOCnn);
-        EXPECT_EQ(Abrir(), texto);
-    }
-}
-
-// Each button opens its dialog and comes back to the panel; a kind changed
-// in the wizard shows only when the panel opens again.
-TEST_F(Panel, EachButtonOpensItsDialogAndTheLabelWaitsForTheNextOpening) {
+// The label by the stored kind (another value leaves it as designed); each
+// button opens its dialog and comes back to the panel; a kind changed in the
+// wizard shows only when the panel opens again.
+TEST_F(Panel, TheLabelTheButtonsAndTheClosingMessage) {
     for (const auto& [boton, dialogo] : {std::pair{"btnConfig1", "dlgConfig"}, {"btnImpresiones", "dlgImpresion"},
                                          {"btnLocal", "dlgLocal"}, {"btnAsistenteConfig", "dlgAsistenteConfig"}}) {
         platform.ui.AlMostrar(dialogo, [](forms::Dialogo& d) { d.Hide(); });
@@ -67,6 +57,13 @@ TEST_F(Panel, EachButtonOpensItsDialogAndTheLabelWaitsForTheNextOpening) {
               }),
               "CFDI");
     EXPECT_EQ(Abrir(), "CBB");
+    for (const auto& [tipo, texto] : {std::pair{cCFD, "CFD"}, {cCFDI, "CFDI"}, {cCBB, "CBB"},
+                                      {cCFDI_CBB, "CFDI/CBB"}, {cPapel, "Papel simple"}, {enumTipoCFD{9}, ""}}) {
+        db.Ejecutar("UPDATE gv_Configuracion SET Numero=" + std::to_string(tipo) + " WHERE Clave='NVCA300xa'");
+        acc.GlobalVar->Conectar(acc.ADOCnn);
+        EXPECT_EQ(Abrir(), texto);
+    }
+    EXPECT_EQ(platform.ui.Cajas().size(), 12u);  // each closing told
 }
 
 }  // namespace

@@ -50,17 +50,17 @@ protected:
         });
         acc.AsistenteConfiguracion();
     }
-    // The names of the company keys with one of these prefixes, in order,
-    // then those of the machine's store.
-    Textos Llaves(const Textos& prefijos) const {
-        Textos llaves;
+    // The writes of the company keys with one of these prefixes, in order,
+    // then those of the machine's store; only their names when nombres.
+    Textos Escritas(const Textos& prefijos, bool nombres = false) const {
+        Textos escritas;
         for (const std::string& e : ajustes->escrituras) {
             for (const std::string& p : prefijos) {
-                if (e.rfind(p, 0) == 0) llaves.push_back(e.substr(0, e.find('=')));
+                if (e.rfind(p, 0) == 0) escritas.push_back(nombres ? e.substr(0, e.find('=')) : e);
             }
         }
-        for (const std::string& e : almacen->escrituras) llaves.push_back(e.substr(0, e.find('=')));
-        return llaves;
+        for (const std::string& e : almacen->escrituras) escritas.push_back(e.substr(0, e.find('=')));
+        return escritas;
     }
 };
 
@@ -118,7 +118,7 @@ TEST_P(Caminos, EachKindPassesThroughItsPagesForwardAndBackAndSavesItsFamilies) 
         d.btnFinalizar.Pulsar();
         EXPECT_TRUE(d.Aceptado);
     });
-    EXPECT_EQ(Llaves({"CFDImp", "CBBImp", "NVCA303x", "NVCA300xa"}), c.llaves);
+    EXPECT_EQ(Escritas({"CFDImp", "CBBImp", "NVCA303x", "NVCA300xa"}, true), c.llaves);
     EXPECT_EQ(ajustes->LeerTexto(c.tipo == cCBB ? "CBBImp002" : "CFDImp002", ""), c.factura);
     platform.ui.ExpectCaja(platform.ui.Cajas().size() - 1,
                            "¡El asistente ha finalizado correctamente!\r\nEn el panel de control podrá configurar "
@@ -132,6 +132,9 @@ const Textos kCFDI = {"NVCA300xa", "NVCA300xa", "CFDImp001", "CFDImp002", "NVCA3
                       "CFDImp004", "CFDImp005", "CFDImp006", "CFDImp007", "CFDImp008", "CFDImp009",
                       "CFDImp010", "CFDImp011", "FE_Timbrar", "FE_Timbre001", "FE_Timbre002", "FE_Timbre003"};
 
+const Textos kCBB = {"NVCA300xa", "NVCA300xa", "CBBImp001", "CBBImp002", "CBBImp003", "CBBImp004",
+                     "CBBImp006",  "CBBImp007", "CBBImp008", "CBBImp009", "CBBImp010", "CBBImp011"};
+
 INSTANTIATE_TEST_SUITE_P(
     , Caminos,
     ::testing::Values(
@@ -139,12 +142,8 @@ INSTANTIATE_TEST_SUITE_P(
                "Envío por correo electrónico (CFD/CFDI)"},
         Camino{"CFDI", cCFDI, {0, 1, 2, 3, 4, 6, 7, 8}, kCFDI, "/srv/celdora/Reports/Ventas/cfdi/Factura cfdi.txf",
                "Cuenta para Timbrar"},
-        Camino{"CBB",
-               cCBB,
-               {0, 1, 2, 3, 5, 6},
-               {"NVCA300xa", "NVCA300xa", "CBBImp001", "CBBImp002", "CBBImp003", "CBBImp004", "CBBImp006",
-                "CBBImp007", "CBBImp008", "CBBImp009", "CBBImp010", "CBBImp011"},
-               "/srv/celdora/Reports/Ventas/cbb/Factura cbb.txf", "Formatos de impresión del comprobante"},
+        Camino{"CBB", cCBB, {0, 1, 2, 3, 5, 6}, kCBB, "/srv/celdora/Reports/Ventas/cbb/Factura cbb.txf",
+               "Formatos de impresión del comprobante"},
         Camino{"CFDICBB", cCFDI_CBB, {0, 1, 2, 3, 4, 5, 6, 7, 8}, kCFDI,
                "/srv/celdora/Reports/Ventas/cfdi/Factura cfdi.txf", "Cuenta para Timbrar"},
         // Paper finishes on the page of the kinds: the kind is never 5.
@@ -183,11 +182,7 @@ TEST_P(Pasos, TheStepDecidesThePageTheButtonsAndTheKind) {
     } else {
         UnaCaja(p.caja, p.icono, p.titulo);
     }
-    Textos tipos;
-    for (const std::string& e : ajustes->escrituras) {
-        if (e.rfind("NVCA300xa=", 0) == 0) tipos.push_back(e);
-    }
-    EXPECT_EQ(tipos, p.tipos);
+    EXPECT_EQ(Escritas({"NVCA300xa"}), p.tipos);
 }
 
 const char* const kSalir = "¿Está seguro que desea salir del asistente de configuración?";
@@ -254,11 +249,7 @@ TEST_F(Asistente, TheSaveWritesTheCompanyKeysInTheirOrder) {
         d.general.ChkCFDauto.Value(0);
         d.btnFinalizar.Pulsar();
     });
-    Textos escrituras;
-    for (const std::string& e : ajustes->escrituras) {
-        if (e.rfind("CBBImp", 0) != 0) escrituras.push_back(e);
-    }
-    EXPECT_EQ(escrituras, (Textos{"NVCA300xa=3", "NVCA102b=1", "NVCA100=ESCUELA KEMPER URGATE SA DE CV",
+    EXPECT_EQ(Escritas({"NVCA", "NVCB"}), (Textos{"NVCA300xa=3", "NVCA102b=1", "NVCA100=ESCUELA KEMPER URGATE SA DE CV",
                                   "NVCA101=EKU9003173C9", "NVCA327x=0", "NVCA328x=2", "NVCB01121=0"}));
 }
 
