@@ -256,4 +256,10 @@ bool PaginaDomiciliosCC::suprimirDomiciliosCC() {
     return true;
 }
 
+bool PaginaDomiciliosCC::validarExpedicion() {
+    if (chkUsarDomFisComoDomExp.Value() != 0 || validarDomiciliosCC()) return true;
+    core::Caja("Por favor revise el domicilio de expedición en cada centro de consumo.", host::Icono::Informacion);
+    return false;
+}
+
 }  // namespace celdora::configuracion

@@ -58,6 +58,9 @@ public:
     // Each centre needs a city other than "desconocido" and a street in the
     // separated form. Its own errors are told and give false.
     bool validarDomiciliosCC();
+    // While chkUsarDomFisComoDomExp is unchecked, validarDomiciliosCC; its
+    // failure is followed by a box that sends the user to the centres.
+    bool validarExpedicion();
     // With chkUsarDomFisComoDomExp checked, every centre loses its address
     // and flag (the rows of Domicilio stay). Its own errors are told and
     // give false.

@@ -109,11 +109,7 @@ bool dlgConfig::validarDatos() {
     if (!emisor.validarNombreYRFC()) return false;
     if (!emisor.validarDomicilioFiscal()) return false;
     if (!regimenes.validarLista()) return false;
-    if (expedicion.chkUsarDomFisComoDomExp.Value() == 0 && !expedicion.validarDomiciliosCC()) {
-        core::Caja("Por favor revise el domicilio de expedición en cada centro de consumo.",
-                   host::Icono::Informacion);
-        return false;
-    }
+    if (!expedicion.validarExpedicion()) return false;
     if (!correo.validarPassCorreo(kCorreo)) return false;
     if (adicionales.eNumDecimales.Value() > 6) {
         core::Caja("Valor inválido para decimales de precisión. El máximo es 6", host::Icono::Informacion);

@@ -23,7 +23,9 @@
 #include "rules/frmSaveAs.h"
 #include "settings/dlgConfigAvz.h"
 #include "settings/dlgLocal.h"
+#include "settings/dlgMainConfig.h"
 #include "value/Text.h"
+#include "wizard/dlgAsistenteConfig.h"
 
 namespace celdora::dialogos {
 
@@ -127,9 +129,19 @@ std::unique_ptr<forms::Dialogo> Configuracion(cAcction& accion) {
     return dialogo;
 }
 
+// The setup wizard as AsistenteConfiguracion opens it: loaded whole.
+std::unique_ptr<forms::Dialogo> Asistente(cAcction& accion) {
+    auto dialogo = std::make_unique<dlgAsistenteConfig>();
+    dialogo->setObjects(&accion);
+    dialogo->rutaInicial = impresion::RutaInicial(accion.AppRepositoryPath);
+    dialogo->init();
+    return dialogo;
+}
+
 const std::map<std::string, Fabrica>& Fabricas() {
     static const std::map<std::string, Fabrica> fabricas = {
         {"dlgAddress", Simple<dlgAddress>()},
+        {"dlgAsistenteConfig", Asistente},
         {"dlgcertificado", EditorNuevo<dlgcertificado>},
         {"dlgConfig", Configuracion},
         {"dlgConfigAvz", ConFachada<dlgConfigAvz>()},
@@ -144,6 +156,7 @@ const std::map<std::string, Fabrica>& Fabricas() {
         {"dlgImpresionCBB", [](cAcction& accion) { return Impresion(accion, impresion::kImpresionCBB); }},
         {"dlgInforme", GeneracionDeInforme},
         {"dlgLocal", ConFachada<dlgLocal>()},
+        {"dlgMainConfig", ConFachada<dlgMainConfig>()},
         {"frmBlockXCer", BlocksDelPrimerCertificado},
         {"frmPB", Simple<frmPB>()},
         {"frmPFX", Simple<frmPFX>()},

@@ -152,6 +152,10 @@ public:
     // End of the editors of certificates and folio ranges.
     // The main configuration dialog (configdialog/).
     void Configuracion();
+    // The setup wizard (wizard/), the only place that chooses the kind.
+    void AsistenteConfiguracion();
+    // The control panel of the fiscal settings (settings/).
+    void ConfiguracionPrincipal();
 
     // Private routines the rest of the system uses.
     std::int32_t EnteroCampo(host::Recordset& recordset, const std::string& campo);

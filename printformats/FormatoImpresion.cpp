@@ -153,6 +153,36 @@ std::string FiltroDeTipo(std::int32_t tipo, const VarianteImpresion& variante) {
     }
 }
 
+void Examinar(forms::CommonDialog& dlgArchivo, forms::TextBox& campo, const std::string& rutaInicial,
+              const FiltroDelSelector& filtro) {
+    bool cancelado = false;
+    ResumeNext([&] {
+        dlgArchivo.CancelError = true;
+        dlgArchivo.FileName.clear();
+    });
+    ResumeNext([&] {
+        if (auto elegido = filtro()) dlgArchivo.Filter = *elegido;
+    });
+    ResumeNext([&] { dlgArchivo.InitDir = rutaInicial; });
+    try {
+        dlgArchivo.ShowOpen();
+    } catch (const Fault&) {
+        cancelado = true;
+    }
+    if (!cancelado) ResumeNext([&] { campo.Text(dlgArchivo.FileName); });
+}
+
+void ConectarExaminar(ControlesImpresion& c, const std::array<forms::CommandButton*, 6>& botones,
+                      const std::function<void(forms::TextBox&)>& examinar) {
+    for (std::size_t i = 0; i < botones.size(); ++i) {
+        forms::TextBox& campo = *c.rutas[i];
+        botones[i]->Click = [examinar, &campo] { examinar(campo); };
+        campo.Click = [examinar, &campo] {
+            if (campo.Text().empty()) examinar(campo);
+        };
+    }
+}
+
 void GuardarValores(ControlesImpresion& c, host::GlobalVar& gv, const VarianteImpresion& variante) {
     const std::string& p = variante.prefijo;
     ResumeNext([&] { gv.GuardarNumero(Clave(p, 1), DatoSeleccionado(c.cmbTipo)); });

@@ -10,6 +10,7 @@
 #include <array>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "forms/Controles.h"
@@ -96,6 +97,18 @@ void CargarValores(ControlesImpresion& c, host::GlobalVar& globalVar, const Vari
 
 // The filter of the file picker for a type of file.
 std::string FiltroDeTipo(std::int32_t tipo, const VarianteImpresion& variante);
+
+// Asks for a file and puts it in the field, which keeps its text when the
+// user cancels. filtro gives the picker's filter; nullopt keeps the one it
+// had last.
+using FiltroDelSelector = std::function<std::optional<std::string>()>;
+void Examinar(forms::CommonDialog& dlgArchivo, forms::TextBox& campo, const std::string& rutaInicial,
+              const FiltroDelSelector& filtro);
+
+// Each browse button, and a click on its field while the field is empty,
+// run examinar on the field of its row.
+void ConectarExaminar(ControlesImpresion& c, const std::array<forms::CommandButton*, 6>& botones,
+                      const std::function<void(forms::TextBox&)>& examinar);
 
 // Writes the family's keys in their order from the controls.
 void GuardarValores(ControlesImpresion& c, host::GlobalVar& gv, const VarianteImpresion& variante);

@@ -37,17 +37,9 @@ dlgImpresion::dlgImpresion(const impresion::VarianteImpresion& variante)
     cmbTipo.Click = [this] { impresion::CambioDeTipo(controles_); };
     cmbFormato.Click = [this] { cambioDeFormato(); };
     tabOpciones.Click = [this] { cambioDeFormato(); };
-    // Each browse button and a click on its empty field ask for the file of
-    // their row.
-    const std::array<forms::CommandButton*, 6> botones{&btnExaminar0, &btnExaminar1, &btnExaminar2,
-                                                      &btnExaminar3, &btnExaminar4, &btnExaminar5};
-    for (std::size_t i = 0; i < botones.size(); ++i) {
-        forms::TextBox& campo = *controles_.rutas[i];
-        botones[i]->Click = [this, &campo] { examinar(campo); };
-        campo.Click = [this, &campo] {
-            if (campo.Text().empty()) examinar(campo);
-        };
-    }
+    impresion::ConectarExaminar(
+        controles_, {&btnExaminar0, &btnExaminar1, &btnExaminar2, &btnExaminar3, &btnExaminar4, &btnExaminar5},
+        [this](forms::TextBox& campo) { examinar(campo); });
     btnAceptar.Click = [this] { btnAceptar_Click(); };
     btnCancelar.Click = [this] { btnCancelar_Click(); };
 }
@@ -66,20 +58,9 @@ void dlgImpresion::cambioDeFormato() {
 }
 
 void dlgImpresion::examinar(forms::TextBox& campo) {
-    bool cancelado = false;
-    ResumeNext([&] {
-        dlgArchivo.CancelError = true;
-        dlgArchivo.FileName.clear();
+    impresion::Examinar(dlgArchivo, campo, rutaInicial, [this]() -> std::optional<std::string> {
+        return impresion::FiltroDeTipo(impresion::DatoSeleccionado(cmbTipo), variante_);
     });
-    ResumeNext(
-        [&] { dlgArchivo.Filter = impresion::FiltroDeTipo(impresion::DatoSeleccionado(cmbTipo), variante_); });
-    ResumeNext([&] { dlgArchivo.InitDir = rutaInicial; });
-    try {
-        dlgArchivo.ShowOpen();
-    } catch (const Fault&) {
-        cancelado = true;
-    }
-    if (!cancelado) ResumeNext([&] { campo.Text(dlgArchivo.FileName); });
 }
 
 void dlgImpresion::btnAceptar_Click() {
