@@ -13,7 +13,7 @@ dlgImpresion::dlgImpresion(const impresion::VarianteImpresion& variante)
       controles_{cmbTipo,
                  cmbFormato,
                  chkUsarVisor,
-                 {&txtArchivo, &txtArchivoNC, &txtCXC_NCredito, &txtCXC_NCargo, &txtCXC_FacPagare, &txtCXC_FacRecibo},
+                 archivos.Rutas(),
                  cmbImpresion,
                  nullptr} {
     if (variante.correo) {
@@ -22,12 +22,10 @@ dlgImpresion::dlgImpresion(const impresion::VarianteImpresion& variante)
     }
     for (forms::Control* control :
          std::initializer_list<forms::Control*>{&lblTipo, &cmbTipo, &lblFormato, &cmbFormato, &chkUsarVisor,
-                                                &lblArchivos, &txtArchivo, &btnExaminar0, &txtArchivoNC,
-                                                &btnExaminar1, &txtCXC_NCredito, &btnExaminar2, &txtCXC_NCargo,
-                                                &btnExaminar3, &txtCXC_FacPagare, &btnExaminar4, &txtCXC_FacRecibo,
-                                                &btnExaminar5}) {
+                                                &lblArchivos}) {
         control->Colocar(tabOpciones.Nombre(), 0);
     }
+    archivos.Colocar(tabOpciones.Nombre(), 0);
     lblAcciones.Colocar(tabOpciones.Nombre(), 1);
     cmbImpresion.Colocar(tabOpciones.Nombre(), 1);
     if (cmbMail != nullptr) cmbMail->Colocar(tabOpciones.Nombre(), 1);
@@ -38,7 +36,7 @@ dlgImpresion::dlgImpresion(const impresion::VarianteImpresion& variante)
     cmbFormato.Click = [this] { cambioDeFormato(); };
     tabOpciones.Click = [this] { cambioDeFormato(); };
     impresion::ConectarExaminar(
-        controles_, {&btnExaminar0, &btnExaminar1, &btnExaminar2, &btnExaminar3, &btnExaminar4, &btnExaminar5},
+        controles_, archivos.Botones(),
         [this](forms::TextBox& campo) { examinar(campo); });
     btnAceptar.Click = [this] { btnAceptar_Click(); };
     btnCancelar.Click = [this] { btnCancelar_Click(); };
@@ -64,7 +62,7 @@ void dlgImpresion::examinar(forms::TextBox& campo) {
 }
 
 void dlgImpresion::btnAceptar_Click() {
-    if (Trim(txtArchivo.Text()).empty()) {
+    if (Trim(archivos.txtArchivo.Text()).empty()) {
         core::Caja(
             "Seleccione la ubicación del archivo que se usará como plantilla para generar la vista de impresión de "
             "factura.",

@@ -13,6 +13,7 @@
 #include "forms/Controles.h"
 #include "forms/Dialogo.h"
 #include "host/Settings.h"
+#include "printformats/ArchivosFormato.h"
 #include "printformats/FormatoImpresion.h"
 
 namespace celdora {
@@ -42,21 +43,7 @@ public:
         Agregar<forms::CheckBox>("chkUsarVisor", "Usar aplicación predeterminada para abrir el formato");
     forms::Label& lblArchivos =
         Agregar<forms::Label>("lblArchivos", "Seleccione el formato para la versión impresa del comprobante:");
-    forms::TextBox& txtArchivo = Agregar<forms::TextBox>("txtArchivo", "Factura de ventas:");
-    forms::CommandButton& btnExaminar0 = Agregar<forms::CommandButton>("btnExaminar(0)", "...");
-    forms::TextBox& txtArchivoNC = Agregar<forms::TextBox>("txtArchivoNC", "Nota de crédito en ventas:");
-    forms::CommandButton& btnExaminar1 = Agregar<forms::CommandButton>("btnExaminar(1)", "...");
-    forms::TextBox& txtCXC_NCredito =
-        Agregar<forms::TextBox>("txtCXC_NCredito", "Nota de crédito en cuentas por cobrar:");
-    forms::CommandButton& btnExaminar2 = Agregar<forms::CommandButton>("btnExaminar(2)", "...");
-    forms::TextBox& txtCXC_NCargo = Agregar<forms::TextBox>("txtCXC_NCargo", "Nota de cargo en cuentas por cobrar:");
-    forms::CommandButton& btnExaminar3 = Agregar<forms::CommandButton>("btnExaminar(3)", "...");
-    forms::TextBox& txtCXC_FacPagare = Agregar<forms::TextBox>(
-        "txtCXC_FacPagare", "Factura por parcialidad (pagaré) en cuentas por cobrar:");
-    forms::CommandButton& btnExaminar4 = Agregar<forms::CommandButton>("btnExaminar(4)", "...");
-    forms::TextBox& txtCXC_FacRecibo = Agregar<forms::TextBox>(
-        "txtCXC_FacRecibo", "Factura por anticipo de financiamiento (recibo) en cuentas por cobrar:");
-    forms::CommandButton& btnExaminar5 = Agregar<forms::CommandButton>("btnExaminar(5)", "...");
+    impresion::ArchivosFormato archivos{*this};
     forms::Label& lblAcciones =
         Agregar<forms::Label>("lblAcciones", "Seleccione el proceso a realizar después de generar el comprobante:");
     forms::ComboBox& cmbImpresion =

@@ -59,11 +59,10 @@ dlgAsistenteConfig::dlgAsistenteConfig()
     lblFoliosCBB.Colocar(paginas, kFoliosCBB);
     foliosCBB.Colocar(paginas, kFoliosCBB);
     for (forms::Control* c : std::initializer_list<forms::Control*>{
-             &lblFormatoAviso, &cmbTipo, &cmbFormato, &chkUsarVisor, &txtArchivo, &btnExaminar0, &txtArchivoNC,
-             &btnExaminar1, &txtCXC_NCredito, &btnExaminar2, &txtCXC_NCargo, &btnExaminar3, &txtCXC_FacPagare,
-             &btnExaminar4, &txtCXC_FacRecibo, &btnExaminar5, &cmbImpresion, &cmbMail}) {
+             &lblFormatoAviso, &cmbTipo, &cmbFormato, &chkUsarVisor, &cmbImpresion, &cmbMail}) {
         c->Colocar(paginas, kFormatosImpresion);
     }
+    archivos.Colocar(paginas, kFormatosImpresion);
     lblEnvioEmail.Colocar(paginas, kEnvioEmail);
     lblMail.Colocar(paginas, kEnvioEmail);
     correo.Colocar(paginas, kEnvioEmail);
@@ -90,7 +89,7 @@ dlgAsistenteConfig::dlgAsistenteConfig()
     cmbFormato.Click = [this] { cmbFormato_Click(); };
     auto controles = Impresion(impresion::kImpresionCFD);
     impresion::ConectarExaminar(
-        controles, {&btnExaminar0, &btnExaminar1, &btnExaminar2, &btnExaminar3, &btnExaminar4, &btnExaminar5},
+        controles, archivos.Botones(),
         [this](forms::TextBox& campo) { examinar(campo); });
     btnSiguiente.Click = [this] { btnSiguiente_Click(); };
     btnAtras.Click = [this] { btnAtras_Click(); };
@@ -194,18 +193,18 @@ bool dlgAsistenteConfig::validarFoliosCBB() {
 
 bool dlgAsistenteConfig::validarFormatos() {
     const std::array<std::pair<forms::TextBox*, const char*>, 6> campos{{
-        {&txtArchivo, "Seleccione el formato de impresión para facturas en ventas."},
-        {&txtArchivoNC, "Seleccione el formato de impresión para notas de crédito en ventas"},
-        {&txtCXC_NCargo,
+        {&archivos.txtArchivo, "Seleccione el formato de impresión para facturas en ventas."},
+        {&archivos.txtArchivoNC, "Seleccione el formato de impresión para notas de crédito en ventas"},
+        {&archivos.txtCXC_NCargo,
          "Seleccione el formato de impresión para notas de cargo "
          "en cuentas por cobrar."},
-        {&txtCXC_NCredito,
+        {&archivos.txtCXC_NCredito,
          "Seleccione el formato de impresión para notas de "
          "crédito en cuentas por cobrar."},
-        {&txtCXC_FacPagare,
+        {&archivos.txtCXC_FacPagare,
          "Seleccione el formato de impresión para facturas de "
          "parcialidades en cuentas por cobrar."},
-        {&txtCXC_FacRecibo,
+        {&archivos.txtCXC_FacRecibo,
          "Seleccione el formato de impresión para facturas de "
          "anticipos de financiamiento en cuentas por cobrar."},
     }};
@@ -241,7 +240,7 @@ impresion::ControlesImpresion dlgAsistenteConfig::Impresion(const impresion::Var
     return {cmbTipo,
             cmbFormato,
             chkUsarVisor,
-            {&txtArchivo, &txtArchivoNC, &txtCXC_NCredito, &txtCXC_NCargo, &txtCXC_FacPagare, &txtCXC_FacRecibo},
+            archivos.Rutas(),
             cmbImpresion,
             variante.correo ? &cmbMail : nullptr};
 }

@@ -68,13 +68,13 @@ TEST_P(Impresion, DefaultsTheStripChangesOfTypeAMissingInvoiceFormatAndCancelWri
             EXPECT_EQ(d.cmbTipo.ListCount(), tira ? 3 : 2);
             EXPECT_EQ(d.cmbTipo.Text() + d.cmbFormato.Text() + d.cmbImpresion.Text(), "PDF/MS WordpdfVista previa");
             EXPECT_EQ(d.cmbMail == nullptr ? "" : d.cmbMail->Text(), cbb ? "" : "No enviar");
-            EXPECT_EQ(d.Caption() + d.txtArchivo.Text(),
+            EXPECT_EQ(d.Caption() + d.archivos.txtArchivo.Text(),
                       cbb ? "Representación impresa para CBB" : "Representación impresa de CFD/CFDIF.txf");
             d.cmbTipo.ListIndex(0);
             d.cmbTipo.ListIndex(d.cmbTipo.ListCount() - 1);
-            EXPECT_EQ(d.txtArchivo.Text(), "");
-            d.txtArchivoNC.Text("NC.txf");
-            d.txtArchivo.Text("   ");
+            EXPECT_EQ(d.archivos.txtArchivo.Text(), "");
+            d.archivos.txtArchivoNC.Text("NC.txf");
+            d.archivos.txtArchivo.Text("   ");
             d.btnAceptar.Pulsar();
             d.btnCancelar.Pulsar();
         }));
@@ -93,8 +93,8 @@ TEST_F(Impresion, AcceptingWritesTheKeysInTheirOrderAndReloadsTheSettings) {
     EXPECT_TRUE(Abrir(false, [](dlgImpresion& d) {
         d.cmbFormato.Text("doc");
         d.cmbMail->Text("Solicitar dirección");
-        d.txtArchivo.Text("F.txf");
-        d.txtCXC_NCargo.Text("NC.txf");
+        d.archivos.txtArchivo.Text("F.txf");
+        d.archivos.txtCXC_NCargo.Text("NC.txf");
         d.btnAceptar.Pulsar();
     }));
     EXPECT_EQ(ajustes->escrituras, (Textos{"CFDImp001=3", "CFDImp002=F.txf", "NVCA303x=F.txf", "CFDImp003=4",
