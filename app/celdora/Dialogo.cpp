@@ -47,4 +47,14 @@ int MostrarDialogo(const Opciones& opciones, std::ostream& out) {
     return 0;
 }
 
+int AbrirPanel(const Opciones& opciones, std::ostream& out) {
+    for (const auto& arg : opciones.argumentos) {
+        if (arg != "--console" && arg != "--consola") throw ErrorDeUso{"sobra el argumento: " + arg};
+    }
+    const Fachada fachada = EnlazarFachada(opciones);
+    fachada.accion->ConfiguracionPrincipal();
+    out << "Panel de control cerrado.\n";
+    return 0;
+}
+
 }  // namespace celdora::app

@@ -13,4 +13,8 @@ namespace celdora::app {
 // that database exists; a dialog that needs no database opens without one.
 int MostrarDialogo(const Opciones& opciones, std::ostream& out);
 
+// The control panel, as ConfiguracionPrincipal opens it, on the facade bound
+// to the database of --db.
+int AbrirPanel(const Opciones& opciones, std::ostream& out);
+
 }  // namespace celdora::app

@@ -13,7 +13,7 @@ namespace {
 
 // A call shows its dialogs on the terminal unless --qt asks for windows.
 bool MuestraDialogos(const Opciones& opciones) {
-    return opciones.orden == "dialog" || opciones.orden == "informe" || opciones.qt;
+    return opciones.orden == "dialog" || opciones.orden == "informe" || opciones.orden == "panel" || opciones.qt;
 }
 
 bool PideTerminal(const Opciones& opciones) {

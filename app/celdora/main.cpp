@@ -40,6 +40,10 @@ const char* const kUso =
     "  dialog [NOMBRE] [--console]\n"
     "      Sin nombre, lista los diálogos; con él, abre ese diálogo (en Qt si hay\n"
     "      pantalla, si no o con --console en la terminal) y dice si se aceptó.\n"
+    "  panel [--console]\n"
+    "      Abre el panel de control de la configuración sobre la base de --db (en\n"
+    "      Qt si hay pantalla, si no o con --console en la terminal): lo primero\n"
+    "      que abre un usuario.\n"
     "  informe generar --mes M --anio A --carpeta DIR [--si|--no]\n"
     "      Genera el informe mensual de ese mes en la base de --db y escribe el\n"
     "      archivo en DIR; la herramienta acepta el diálogo por el usuario.\n"
@@ -105,6 +109,7 @@ int Ejecutar(const std::vector<std::string>& args) {
     if (opciones.orden == "members") return app::ListarMiembros(opciones.argumentos, std::cout);
     if (opciones.orden == "call") return app::Llamar(opciones, std::cout);
     if (opciones.orden == "dialog") return app::MostrarDialogo(opciones, std::cout);
+    if (opciones.orden == "panel") return app::AbrirPanel(opciones, std::cout);
     if (opciones.orden == "informe") return app::Informe(opciones, std::cout);
     throw app::ErrorDeUso{"orden desconocida: " + opciones.orden};
 }

@@ -101,6 +101,10 @@ TEST_F(Celdora, AnswersCallsAndListsMembersTellingUsageFromFaultsByTheExitCode) 
          "cRegimenFical: 4 miembros en 4 ranuras\n  1  propiedad                 Sys_PK : i32\n  2  propiedad"
          "                 Regimen : str\n  3  propiedad                 Notas : str\n  4  método                   "
          " setInfo(lsyspk i32, sregimen str, snotas str)\n"},
+        // The panel on the terminal: the company's kind, and the message on closing.
+        {"panel --console", "pulsar btnCerrar\\n", 0,
+         "[Información] Por favor reinicie la conexión después de realizar algún cambio.\n", Contiene},
+        {"panel --console", "pulsar btnCerrar\\n", 0, "lblTipoC (etiqueta): CFDI\n", Contiene},
         {"call ExisteCFD", "", 1, "Error 449 (Argument not optional)\n"},
         {"call ExisteCFD abc", "", 1, "Error 13 (Type mismatch)\n"},
         {"--db postgres://celdora@localhost/empresa call isSet", "", 2, "esquema de conexión no soportado: postgres",
@@ -122,7 +126,7 @@ TEST_F(Celdora, AnswersCallsAndListsMembersTellingUsageFromFaultsByTheExitCode) 
     EXPECT_FALSE(fs::exists(otra));
     for (const std::string orden :
          {"call ExisteCDF 1", "--si --no call isSet", "--grupos 3,x call isSet", "llamar isSet", "members cNada",
-          "informe", "informe imprimir", "informe generar --mes 11 --anio 2026",
+          "informe", "informe imprimir", "panel otro", "informe generar --mes 11 --anio 2026",
           "informe generar --mes 0 --anio 2026 --carpeta x", "informe ver --carpeta x"})
         EXPECT_EQ(Celdora_(orden).codigo, 2) << orden;
 }
