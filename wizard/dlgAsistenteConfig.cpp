@@ -337,13 +337,9 @@ void dlgAsistenteConfig::btnSiguiente_Click() {
             if (!validarFoliosCBB()) return;
             break;
         case kFormatosImpresion:
-            if (!validarFormatos()) return;
-            break;
         case kEnvioEmail:
-            if (!validarPassCorreo()) return;
-            break;
         case kCuentaPTimbrar:
-            if (!validarCuentaTimbrado()) return;
+            if (!validarPaginaFinal(pagina)) return;
             break;
         default: break;
     }
@@ -378,19 +374,19 @@ void dlgAsistenteConfig::btnAtras_Click() {
     habilitarFinalizar(false);
 }
 
-void dlgAsistenteConfig::btnFinalizar_Click() {
-    switch (TabControl.SelectedItem()) {
-        case kFormatosImpresion:
-            if (!validarFormatos()) return;
-            break;
-        case kEnvioEmail:
-            if (!validarPassCorreo()) return;
-            break;
-        case kCuentaPTimbrar:
-            if (!validarCuentaTimbrado()) return;
-            break;
-        default: break;
+// The checks of the pages on which a kind may finish: the formats, the
+// mail and the stamping account. Other pages pass.
+bool dlgAsistenteConfig::validarPaginaFinal(int pagina) {
+    switch (pagina) {
+        case kFormatosImpresion: return validarFormatos();
+        case kEnvioEmail: return validarPassCorreo();
+        case kCuentaPTimbrar: return validarCuentaTimbrado();
+        default: return true;
     }
+}
+
+void dlgAsistenteConfig::btnFinalizar_Click() {
+    if (!validarPaginaFinal(TabControl.SelectedItem())) return;
     if (!guardarAsistente()) return;
     ResumeNext([&] { marco.Fachada().LoadGlobalVar(); });
     std::string aplicacion;

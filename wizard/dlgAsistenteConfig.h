@@ -201,6 +201,7 @@ public:
     bool validarFormatos();
     bool validarPassCorreo();
     bool validarCuentaTimbrado();
+    bool validarPaginaFinal(int pagina);
 
     // The print page for the kind just chosen, with the wizard's default
     // file names.
