@@ -1,5 +1,7 @@
 #include "settings/CuentaTimbrado.h"
 
+#include <initializer_list>
+
 #include "core/cAcction.h"
 #include "core/mdlMain.h"
 #include "value/Channels.h"
@@ -16,9 +18,32 @@ void Guardar(cAcction& acc, const std::string& clave, const std::string& valor) 
 
 }  // namespace
 
+CuentaTimbrado::CuentaTimbrado(forms::Dialogo& dialogo, const std::string& nombreUsuario,
+                               const std::string& rotuloUsuario)
+    : Unidad(dialogo),
+      chktimbrar(Agregar<forms::CheckBox>(
+          "chktimbrar", "Crear timbre fiscal digital inmediatamente después de haber sido sellado por el emisor")),
+      cmbPAC(Agregar<forms::ComboBox>("cmbPAC", forms::ComboBox::Estilo::SoloLista,
+                                      "Componente de conexión con PAC (Proveedor Autorizado de Certificación)")),
+      lblUsuario(rotuloUsuario.empty() ? nullptr : &Agregar<forms::Label>("lblUsuario", rotuloUsuario)),
+      txtUsuario(Agregar<forms::TextBox>(nombreUsuario, "Usuario:")),
+      txtSucursal(Agregar<forms::TextBox>("txtSucursal", "ID Sucursal:")),
+      txtPWD(Agregar<forms::TextBox>("txtPWD", "Contraseña:")),
+      txtPWDRep(Agregar<forms::TextBox>("txtPWDRep", "Repetir contraseña:")) {
+    txtPWD.PasswordChar("*");
+    txtPWDRep.PasswordChar("*");
+}
+
+void CuentaTimbrado::Colocar(const std::string& contenedor, int pagina) {
+    for (forms::Control* c : std::initializer_list<forms::Control*>{&chktimbrar, &cmbPAC, lblUsuario, &txtUsuario,
+                                                                    &txtSucursal, &txtPWD, &txtPWDRep}) {
+        if (c != nullptr) c->Colocar(contenedor, pagina);
+    }
+}
+
 // One component on each line of the file, lines ending in CR LF; a blank
 // line is no entry, and an entry is taken as it stands.
-void CargarComponentes(forms::ComboBox& cmbPAC, const std::string& repositorio) {
+void CuentaTimbrado::cargarComponentes(const std::string& repositorio) {
     std::string texto;
     ResumeNext([&] {
         auto& utilerias = mdlMain::Utilerias();
@@ -36,30 +61,31 @@ void CargarComponentes(forms::ComboBox& cmbPAC, const std::string& repositorio) 
 
 // A stored component that the list no longer has leaves the last entry
 // selected, since the walk selects each entry on its way.
-std::string LeerCuenta(ControlesCuenta& c, cAcction& acc) {
-    ResumeNext([&] { c.chktimbrar.Value(CInt(Variant(acc.StrConfiguracionLocal("FE_Timbrar", "1")))); });
+void CuentaTimbrado::leerCuenta(cAcction& acc) {
+    ResumeNext([&] { chktimbrar.Value(CInt(Variant(acc.StrConfiguracionLocal("FE_Timbrar", "1")))); });
     const std::string componente = Trim(acc.StrConfiguracionLocal("Fe_Timbre001", ""));
-    for (int i = 0; i < c.cmbPAC.ListCount(); ++i) {
-        c.cmbPAC.ListIndex(i);
-        if (Trim(c.cmbPAC.Text()) == componente) break;
+    for (int i = 0; i < cmbPAC.ListCount(); ++i) {
+        cmbPAC.ListIndex(i);
+        if (Trim(cmbPAC.Text()) == componente) break;
     }
-    ResumeNext([&] { c.txtUsuario.Text(acc.StrConfiguracionLocal("Fe_Timbre002", "")); });
-    ResumeNext([&] { c.txtSucursal.Text(acc.StrConfiguracionLocal("Fe_Timbre003", "")); });
-    const std::string clave = acc.StrConfiguracionLocal("Fe_Timbre004", "");
-    ResumeNext([&] { c.txtPWD.Text(clave); });
-    ResumeNext([&] { c.txtPWDRep.Text(clave); });
-    return clave;
+    ResumeNext([&] { txtUsuario.Text(acc.StrConfiguracionLocal("Fe_Timbre002", "")); });
+    ResumeNext([&] { txtSucursal.Text(acc.StrConfiguracionLocal("Fe_Timbre003", "")); });
+    claveGuardada = acc.StrConfiguracionLocal("Fe_Timbre004", "");
+    ResumeNext([&] { txtPWD.Text(claveGuardada); });
+    ResumeNext([&] { txtPWDRep.Text(claveGuardada); });
 }
 
 // The password box holds the stored digest until the user types another
 // password; digesting it again would lose the account, so only a changed
 // text is written.
-void GuardarCuenta(ControlesCuenta& c, cAcction& acc, const std::string& claveGuardada) {
-    Guardar(acc, "FE_Timbrar", std::to_string(c.chktimbrar.Value()));
-    Guardar(acc, "FE_Timbre001", c.cmbPAC.Text());
-    Guardar(acc, "FE_Timbre002", c.txtUsuario.Text());
-    Guardar(acc, "FE_Timbre003", c.txtSucursal.Text());
-    if (Trim(c.txtPWD.Text()) != claveGuardada) Guardar(acc, "FE_Timbre004", mdlMain::ObtenerMD5(c.txtPWD.Text()));
+void CuentaTimbrado::guardarCuenta(cAcction& acc) {
+    Guardar(acc, "FE_Timbrar", std::to_string(chktimbrar.Value()));
+    Guardar(acc, "FE_Timbre001", cmbPAC.Text());
+    Guardar(acc, "FE_Timbre002", txtUsuario.Text());
+    Guardar(acc, "FE_Timbre003", txtSucursal.Text());
+    if (Trim(txtPWD.Text()) != claveGuardada) Guardar(acc, "FE_Timbre004", mdlMain::ObtenerMD5(txtPWD.Text()));
 }
+
+bool CuentaTimbrado::clavesCoinciden() const { return Trim(txtPWD.Text()) == Trim(txtPWDRep.Text()); }
 
 }  // namespace celdora::cuenta

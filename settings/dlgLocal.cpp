@@ -23,12 +23,7 @@ dlgLocal::dlgLocal() : Dialogo("dlgLocal", "Configuración local") {
     chkGuardarRespaldo.Colocar(fraCopia.Nombre());
     txtCopiaLocal.Colocar(fraCopia.Nombre());
     btnCopiaLocal.Colocar(fraCopia.Nombre());
-    for (forms::Control* control : std::initializer_list<forms::Control*>{
-             &chktimbrar, &cmbPAC, &lblUsuario, &txtUsuario, &txtSucursal, &txtPWD, &txtPWDRep}) {
-        control->Colocar(fraTimbre.Nombre());
-    }
-    txtPWD.PasswordChar("*");
-    txtPWDRep.PasswordChar("*");
+    cuenta.Colocar(fraTimbre.Nombre());
     btnOK.Default(true);
     btnCancel.Cancel(true);
 
@@ -52,7 +47,7 @@ cAcction& dlgLocal::Fachada() const {
 
 void dlgLocal::Form_Load() {
     ResumeNext([&] { txtCopiaLocal.Locked(true); });
-    ResumeNext([&] { cuenta::CargarComponentes(cmbPAC, Fachada().AppRepositoryPath); });
+    ResumeNext([&] { cuenta.cargarComponentes(Fachada().AppRepositoryPath); });
     ResumeNext([&] { cargarConfiguracion(); });
 }
 
@@ -70,7 +65,7 @@ void dlgLocal::cargarConfiguracion() {
         ResumeNext([&] { txtCopiaLocal.Text(""); });
         ResumeNext([&] { chkGuardarRespaldo.Value(0); });
     }
-    ResumeNext([&] { claveGuardada = cuenta::LeerCuenta(cuenta_, Fachada()); });
+    ResumeNext([&] { cuenta.leerCuenta(Fachada()); });
 }
 
 // A cancelled picker empties the field.
@@ -92,7 +87,7 @@ void dlgLocal::btnOK_Click() {
 }
 
 bool dlgLocal::validarDatos() {
-    if (Trim(txtPWD.Text()) != Trim(txtPWDRep.Text())) {
+    if (!cuenta.clavesCoinciden()) {
         core::Caja("Las contraseñas no coinciden verifique por favor", host::Icono::Informacion,
                    "Configuración local");
         return false;
@@ -105,7 +100,7 @@ bool dlgLocal::guardarConfiguracion() {
         cAcction& acc = Fachada();
         mdlMain::ConfigLocal().GuardarValor(acc.ApplicationName, "Config", "FE_CopiaLocal",
                                             chkGuardarRespaldo.Value() == 1 ? Trim(txtCopiaLocal.Text()) : "");
-        cuenta::GuardarCuenta(cuenta_, acc, claveGuardada);
+        cuenta.guardarCuenta(acc);
     });
     if (fault) {
         core::CajaDeFalla(*fault);

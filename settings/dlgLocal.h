@@ -29,23 +29,9 @@ public:
     forms::TextBox& txtCopiaLocal = Agregar<forms::TextBox>("txtCopiaLocal", "Seleccione la ubicación:");
     forms::CommandButton& btnCopiaLocal = Agregar<forms::CommandButton>("btnCopiaLocal", "...");
     forms::Frame& fraTimbre = Agregar<forms::Frame>("fraTimbre", "Configuración únicamente para CFDI:");
-    forms::CheckBox& chktimbrar = Agregar<forms::CheckBox>(
-        "chktimbrar",
-        "Crear timbre fiscal digital inmediatamente después de haber sido sellado por el emisor");
-    forms::ComboBox& cmbPAC = Agregar<forms::ComboBox>(
-        "cmbPAC", forms::ComboBox::Estilo::SoloLista,
-        "Componente de conexión con PAC (Proveedor Autorizado de Certificación)");
-    forms::Label& lblUsuario =
-        Agregar<forms::Label>("lblUsuario", "Usuario para obtener el timbre fiscal digital:");
-    forms::TextBox& txtUsuario = Agregar<forms::TextBox>("txtUsuario", "Usuario:");
-    forms::TextBox& txtSucursal = Agregar<forms::TextBox>("txtSucursal", "ID Sucursal:");
-    forms::TextBox& txtPWD = Agregar<forms::TextBox>("txtPWD", "Contraseña:");
-    forms::TextBox& txtPWDRep = Agregar<forms::TextBox>("txtPWDRep", "Repetir contraseña:");
+    cuenta::CuentaTimbrado cuenta{*this, "txtUsuario", "Usuario para obtener el timbre fiscal digital:"};
     forms::CommandButton& btnOK = Agregar<forms::CommandButton>("btnOK", "&Aceptar");
     forms::CommandButton& btnCancel = Agregar<forms::CommandButton>("btnCancel", "&Cancelar");
-
-    // The stored value of the password key as it was read.
-    std::string claveGuardada;
 
 protected:
     void Form_Load() override;
@@ -61,8 +47,6 @@ private:
     void btnOK_Click();
 
     cAcction& Fachada() const;
-
-    cuenta::ControlesCuenta cuenta_{chktimbrar, cmbPAC, txtUsuario, txtSucursal, txtPWD, txtPWDRep};
 };
 
 }  // namespace celdora

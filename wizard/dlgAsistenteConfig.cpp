@@ -66,12 +66,8 @@ dlgAsistenteConfig::dlgAsistenteConfig()
     lblEnvioEmail.Colocar(paginas, kEnvioEmail);
     lblMail.Colocar(paginas, kEnvioEmail);
     correo.Colocar(paginas, kEnvioEmail);
-    for (forms::Control* c : std::initializer_list<forms::Control*>{&lblCuenta, &chktimbrar, &cmbPAC, &txtUsuarioTimbre,
-                                                                    &txtSucursal, &txtPWD, &txtPWDRep}) {
-        c->Colocar(paginas, kCuentaPTimbrar);
-    }
-    txtPWD.PasswordChar("*");
-    txtPWDRep.PasswordChar("*");
+    lblCuenta.Colocar(paginas, kCuentaPTimbrar);
+    cuenta.Colocar(paginas, kCuentaPTimbrar);
     marco.paginas = &TabControl;
     btnAtras.Enabled(false);
     btnFinalizar.Enabled(false);
@@ -220,11 +216,11 @@ bool dlgAsistenteConfig::validarFormatos() {
 bool dlgAsistenteConfig::validarPassCorreo() { return correo.validarPassCorreo(-1); }
 
 bool dlgAsistenteConfig::validarCuentaTimbrado() {
-    if (Trim(txtUsuarioTimbre.Text()).empty() && chktimbrar.Value() == 1) {
+    if (Trim(cuenta.txtUsuario.Text()).empty() && cuenta.chktimbrar.Value() == 1) {
         core::Caja("Debe indicar en nombre del usuario de la cuenta para timbrar.", Icono::Informacion);
         return false;
     }
-    if (Trim(txtPWD.Text()) != Trim(txtPWDRep.Text())) {
+    if (!cuenta.clavesCoinciden()) {
         core::Caja("La contraseña de confirmación no coincide.", Icono::Informacion, "Cuenta para timbrar");
         return false;
     }
@@ -281,8 +277,8 @@ void dlgAsistenteConfig::examinar(forms::TextBox& campo) {
 }
 
 void dlgAsistenteConfig::cargarCuentaTimbrado() {
-    ResumeNext([&] { cuenta::CargarComponentes(cmbPAC, marco.Fachada().AppRepositoryPath); });
-    ResumeNext([&] { claveGuardada = cuenta::LeerCuenta(cuenta_, marco.Fachada()); });
+    ResumeNext([&] { cuenta.cargarComponentes(marco.Fachada().AppRepositoryPath); });
+    ResumeNext([&] { cuenta.leerCuenta(marco.Fachada()); });
 }
 
 void dlgAsistenteConfig::btnSiguiente_Click() {
@@ -429,7 +425,7 @@ bool dlgAsistenteConfig::guardarAsistente() {
         auto controles = Impresion(impresion::kImpresionCBB);
         ResumeNext([&] { impresion::GuardarValores(controles, Ajustes(), impresion::kImpresionCBB); });
     }
-    if (conTimbre) ResumeNext([&] { cuenta::GuardarCuenta(cuenta_, marco.Fachada(), claveGuardada); });
+    if (conTimbre) ResumeNext([&] { cuenta.guardarCuenta(marco.Fachada()); });
     return true;
 }
 

@@ -54,8 +54,6 @@ public:
     std::int16_t tipoInicial = 0;
     // The repository folder without its closing backslash.
     std::string rutaInicial;
-    // The password of the stamping account as read.
-    std::string claveGuardada;
 
     forms::Label& lblTitle = Agregar<forms::Label>("lblTitle", "Facturación electrónica");
     forms::TabControl& TabControl = Agregar<forms::TabControl>(
@@ -165,16 +163,7 @@ public:
                                                     "timbre fiscal digital deber configurar esta "
                                                     "información desde Panel de control/Facturación "
                                                     "electrónica/Configuraciones locales.");
-    forms::CheckBox& chktimbrar = Agregar<forms::CheckBox>("chktimbrar",
-                                                           "Crear timbre fiscal digital inmediatamente después de "
-                                                           "haber sido sellado por el emisor");
-    forms::ComboBox& cmbPAC =
-        Agregar<forms::ComboBox>("cmbPAC", forms::ComboBox::Estilo::SoloLista,
-                                 "Componente de conexión con PAC (Proveedor Autorizado de Certificación)");
-    forms::TextBox& txtUsuarioTimbre = Agregar<forms::TextBox>("txtUsuarioTimbre", "Usuario:");
-    forms::TextBox& txtSucursal = Agregar<forms::TextBox>("txtSucursal", "ID Sucursal:");
-    forms::TextBox& txtPWD = Agregar<forms::TextBox>("txtPWD", "Contraseña:");
-    forms::TextBox& txtPWDRep = Agregar<forms::TextBox>("txtPWDRep", "Repetir contraseña:");
+    cuenta::CuentaTimbrado cuenta{*this, "txtUsuarioTimbre", ""};
 
     forms::CommandButton& btnAtras = Agregar<forms::CommandButton>("btnAtras", "< Atrás");
     forms::CommandButton& btnSiguiente = Agregar<forms::CommandButton>("btnSiguiente", "Siguiente >");
@@ -230,7 +219,6 @@ private:
 
     std::shared_ptr<host::Connection> cnn_;
     std::shared_ptr<host::GlobalVar> ajustes_;
-    cuenta::ControlesCuenta cuenta_{chktimbrar, cmbPAC, txtUsuarioTimbre, txtSucursal, txtPWD, txtPWDRep};
 };
 
 }  // namespace celdora

@@ -119,7 +119,7 @@ TEST_P(ConfiguracionLocal, TheComponentsComeFromPacInfAndTheKeysAreWrittenInOrde
     almacen->cConfigLocalIni::GuardarValor("Tiendaro", "Config", "FE_Timbre001", caso.guardado);
     Abrir([&](dlgLocal& d) {
         Textos entradas;
-        for (const auto& item : d.cmbPAC.Items()) entradas.push_back(item.text);
+        for (const auto& item : d.cuenta.cmbPAC.Items()) entradas.push_back(item.text);
         EXPECT_EQ(entradas, caso.entradas);
         d.btnOK.Pulsar();
     });
@@ -145,7 +145,7 @@ TEST_F(ConfiguracionLocal, ThePasswordIsWrittenAsItsDigestOnlyWhenItChangedAndCa
     Abrir([](dlgLocal& d) {
         d.btnCopiaLocal.Pulsar();
         EXPECT_EQ(d.txtCopiaLocal.Text(), "");
-        d.txtPWD.Escribir("uno");
+        d.cuenta.txtPWD.Escribir("uno");
         d.btnOK.Pulsar();
         d.btnCancel.Pulsar();
     });
@@ -153,19 +153,19 @@ TEST_F(ConfiguracionLocal, ThePasswordIsWrittenAsItsDigestOnlyWhenItChangedAndCa
     platform.ui.ExpectCaja(0, "Las contraseñas no coinciden verifique por favor", host::Icono::Informacion,
                            "Configuración local");
     Abrir([](dlgLocal& d) {
-        d.chktimbrar.Pulsar();
-        d.txtUsuario.Escribir("demo");
-        d.txtPWD.Escribir("secreta");
-        d.txtPWDRep.Escribir("secreta");
+        d.cuenta.chktimbrar.Pulsar();
+        d.cuenta.txtUsuario.Escribir("demo");
+        d.cuenta.txtPWD.Escribir("secreta");
+        d.cuenta.txtPWDRep.Escribir("secreta");
         d.btnOK.Pulsar();
     });
     EXPECT_EQ(almacen->escrituras, (Textos{"FE_CopiaLocal=/respaldos", "FE_Timbrar=0",
                                            "FE_Timbre001=psecfdi.edicom.cMain", "FE_Timbre002=demo", "FE_Timbre003=",
                                            "FE_Timbre004=4f356e71899d4e6ac647d2ed22a81dd2"}));
     Abrir([](dlgLocal& d) {
-        EXPECT_EQ(d.Caption() + d.txtCopiaLocal.Text() + d.txtUsuario.Text() + d.txtPWD.Text(),
+        EXPECT_EQ(d.Caption() + d.txtCopiaLocal.Text() + d.cuenta.txtUsuario.Text() + d.cuenta.txtPWD.Text(),
                   "Configuración local/respaldosdemo4f356e71899d4e6ac647d2ed22a81dd2");
-        d.txtPWD.Escribir(d.txtPWDRep.Text());
+        d.cuenta.txtPWD.Escribir(d.cuenta.txtPWDRep.Text());
         d.btnOK.Pulsar();
     });
     EXPECT_EQ(almacen->escrituras.size(), 11u);

@@ -114,7 +114,7 @@ TEST_P(Caminos, EachKindPassesThroughItsPagesForwardAndBackAndSavesItsFamilies) 
         EXPECT_EQ(std::vector<int>(atras.rbegin(), atras.rend()), c.paginas);
         EXPECT_EQ(d.lblTitle.Caption(), "Facturación electrónica");
         Adelante(d, c.tipo);
-        d.txtUsuarioTimbre.Text("usuario");
+        d.cuenta.txtUsuario.Text("usuario");
         d.btnFinalizar.Pulsar();
         EXPECT_TRUE(d.Aceptado);
     });
