@@ -109,6 +109,9 @@ TEST_P(Caminos, EachKindPassesThroughItsPagesForwardAndBackAndSavesItsFamilies) 
         EXPECT_EQ(Adelante(d, c.tipo), c.paginas);
         EXPECT_TRUE(d.btnFinalizar.Enabled() && !d.btnSiguiente.Enabled());
         EXPECT_EQ(d.lblTitle.Caption(), c.titulo);
+        // Only the kind of both families is warned that its formats are CFDI's.
+        EXPECT_EQ(d.lblFormatoAviso.Caption().rfind("Los formatos seleccionados deberán ser para CFDI.", 0) == 0,
+                  c.tipo == cCFDI_CBB);
         std::vector<int> atras{d.TabControl.SelectedItem()};
         while (atras.size() < 10 && d.btnAtras.Pulsar()) atras.push_back(d.TabControl.SelectedItem());
         EXPECT_EQ(std::vector<int>(atras.rbegin(), atras.rend()), c.paginas);
@@ -162,6 +165,7 @@ struct Paso {
     Textos tipos;  // the writes of NVCA300xa
     host::Icono icono = host::Icono::Informacion;
     host::Respuesta respuesta = host::Respuesta::Si;  // to a question
+    std::string titulo = "";
 };
 
 class Pasos : public Asistente, public ::testing::WithParamInterface<Paso> {};
@@ -181,7 +185,7 @@ TEST_P(Pasos, TheStepDecidesThePageTheButtonsAndTheKind) {
     } else if (p.icono == host::Icono::Pregunta) {
         platform.ui.ExpectPregunta(0, p.caja);
     } else {
-        UnaCaja(p.caja, p.icono);
+        UnaCaja(p.caja, p.icono, p.titulo);
     }
     EXPECT_EQ(Escritas({"NVCA300xa"}), p.tipos);
 }
@@ -222,6 +226,23 @@ INSTANTIATE_TEST_SUITE_P(
                  d.btnSiguiente.Pulsar();
              },
              6, true, false, "Seleccione el formato de impresión para facturas en ventas.", {"NVCA300xa=2"}},
+        // The account's checks hold Finalizar on the last page.
+        Paso{"CuentaSinUsuario", cCFDI,
+             [](D& d) {
+                 Adelante(d, cCFDI);
+                 d.btnFinalizar.Pulsar();
+             },
+             8, false, true, "Debe indicar en nombre del usuario de la cuenta para timbrar.", {"NVCA300xa=2"}},
+        Paso{"CuentaConClavesDistintas", cCFDI,
+             [](D& d) {
+                 Adelante(d, cCFDI);
+                 d.cuenta.txtUsuario.Text("usuario");
+                 d.cuenta.txtPWD.Text("una");
+                 d.cuenta.txtPWDRep.Text("otra ");
+                 d.btnFinalizar.Pulsar();
+             },
+             8, false, true, "La contraseña de confirmación no coincide.", {"NVCA300xa=2"}, host::Icono::Informacion,
+             host::Respuesta::Si, "Cuenta para timbrar"},
         // Salir writes back the kind found at the opening only when it
         // changed, and only on Yes.
         Paso{"SalirSinCambio", cCFDI, [](D& d) { d.btnSalir.Pulsar(); }, 0, true, false, kSalir, {},
@@ -243,6 +264,28 @@ TEST_F(Asistente, TheSaveWritesTheCompanyKeysInTheirOrder) {
     });
     EXPECT_EQ(Escritas({"NVCA", "NVCB"}), (Textos{"NVCA300xa=3", "NVCA102b=1", "NVCA100=ESCUELA KEMPER URGATE SA DE CV",
                                   "NVCA101=EKU9003173C9", "NVCA327x=0", "NVCA328x=2", "NVCB01121=0"}));
+}
+
+// A regime removed whose deletion fails: the address, the mail keys (the
+// stored password untouched) and the two before the regimes stay written;
+// the expedition switch and the print keys are not, and the wizard stays open.
+TEST_F(Asistente, ASaveStoppedAtTheRegimesKeepsWhatRanBeforeAndStaysOpen) {
+    Tipo(cCFD);
+    db.Ejecutar("UPDATE ut_CFD SET uf_XMLCFDI=NULL");
+    Abrir([&](D& d) {
+        Adelante(d, cCFD);
+        d.regimenes.lstRegimen.ListIndex(0);
+        d.regimenes.cmdQuitarRegimen.Pulsar();
+        db.Ejecutar("ALTER TABLE RegimenEmisor RENAME TO RegimenRetirado");
+        d.btnFinalizar.Pulsar();
+        EXPECT_TRUE(d.Visible() && !d.Aceptado);
+    });
+    ASSERT_EQ(platform.ui.Cajas().size(), 1u);
+    EXPECT_EQ(platform.ui.Cajas()[0].texto.rfind("Error al eliminar régimen fiscal. ", 0), 0u);
+    EXPECT_EQ(Escritas({"NVCA", "NVCB", "CFDImp"}, true),
+              (Textos{"NVCA300xa", "NVCA102b", "NVCA100", "NVCA101", "NVCA304x", "NVCA305x", "NVCA306x", "NVCA307x",
+                      "NVCA308x", "NVCA309x", "NVCA310x", "NVCA311x", "NVCA313x", "NVCA314x", "NVCA315x", "NVCA327x",
+                      "NVCA328x"}));
 }
 
 // With the company's table gone both forms fail, the second one written
