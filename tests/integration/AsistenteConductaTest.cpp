@@ -130,11 +130,11 @@ void Guion(testing::ScriptedUi& ui, const std::string& pfx, std::vector<int>& pa
         d.correo.txtP1.Text("Correo#1");
         d.correo.txtP2.Text("Correo#1");
         siguiente();
-        d.cmbPAC.ListIndex(1);
-        d.txtUsuarioTimbre.Text("casas");
-        d.txtSucursal.Text("Obispado");
-        d.txtPWD.Text("Timbre#2026");
-        d.txtPWDRep.Text("Timbre#2026");
+        d.cuenta.cmbPAC.ListIndex(1);
+        d.cuenta.txtUsuario.Text("casas");
+        d.cuenta.txtSucursal.Text("Obispado");
+        d.cuenta.txtPWD.Text("Timbre#2026");
+        d.cuenta.txtPWDRep.Text("Timbre#2026");
         d.btnFinalizar.Pulsar();
     });
 }
