@@ -146,7 +146,7 @@ void PaginaGeneral::cargarFoliosYBlocks() {
 }
 
 void PaginaGeneral::superponerPaneles() {
-    ResumeNext([&] { picBlockCFDI.Colocar(picFoliosCFD.Contenedor(), picFoliosCFD.Pagina()); });
+    ResumeNext([&] { picBlockCFDI.Superponer(picFoliosCFD); });
 }
 
 void PaginaGeneral::mostrarPanel(bool folios) {

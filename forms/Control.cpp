@@ -21,6 +21,11 @@ void Control::Colocar(const std::string& contenedor, int pagina) {
     Cambio();
 }
 
+void Control::Superponer(const Control& otro) {
+    lugar_ = otro.Lugar().empty() ? otro.Nombre() : otro.Lugar();
+    Colocar(otro.Contenedor(), otro.Pagina());
+}
+
 void Control::SetFocus() { dialogo_.Enfocar(*this); }
 
 bool Control::TieneFoco() const { return dialogo_.Foco() == this; }

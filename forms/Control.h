@@ -61,6 +61,12 @@ public:
     const std::string& Contenedor() const { return contenedor_; }
     int Pagina() const { return pagina_; }
     void Colocar(const std::string& contenedor, int pagina = 0);
+    // Puts the control exactly over another one: in its container, on its
+    // page and in its very place, as panels of which one shows at a time.
+    // Lugar names the control whose place it shares; empty when it has one
+    // of its own.
+    void Superponer(const Control& otro);
+    const std::string& Lugar() const { return lugar_; }
 
     // Gives the control the focus of its dialog, raising LostFocus on the
     // control that had it and GotFocus on this one.
@@ -107,6 +113,7 @@ private:
     std::string caption_;
     std::string contenedor_;
     int pagina_ = 0;
+    std::string lugar_;
 };
 
 }  // namespace celdora::forms

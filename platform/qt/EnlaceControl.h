@@ -69,6 +69,14 @@ private:
 // The tie for a control, by its kind.
 std::unique_ptr<EnlaceControl> CrearEnlace(forms::Control& control, VentanaQt& ventana);
 
+// Whether the control is a button drawn as a picture rather than a text: a
+// browse button ("...") or a button without a caption.
+bool BotonConImagen(const forms::Control& control);
+
+// The layout of a window, a frame or a page: a field with its label beside
+// it, anything else across the row; the fields take the width there is.
+QFormLayout* NuevoFormulario(QWidget* dueno = nullptr);
+
 // One maker per family of controls.
 std::unique_ptr<EnlaceControl> EnlaceEtiqueta(forms::Label& control, VentanaQt& ventana);
 std::unique_ptr<EnlaceControl> EnlaceTexto(forms::TextBox& control, VentanaQt& ventana);

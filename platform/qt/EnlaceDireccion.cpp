@@ -95,6 +95,7 @@ private:
         Nivel nivel{new QComboBox, new QPushButton(QStringLiteral("Agregar"))};
         const QString clave = QString::fromLatin1(nombre);
         nivel.lista->setObjectName(clave);
+        nivel.lista->setSizeAdjustPolicy(QComboBox::AdjustToContents);
         nivel.agregar->setObjectName(QStringLiteral("agregar") + clave.left(1).toUpper() + clave.mid(1));
         auto* fila = new QWidget;
         auto* disposicion = new QHBoxLayout(fila);

@@ -9,7 +9,9 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QStyle>
 #include <QTabWidget>
+#include <optional>
 
 #include "platform/qt/EnlaceControl.h"
 #include "platform/qt/TextoQt.h"
@@ -17,6 +19,18 @@
 namespace celdora::platform {
 
 namespace {
+
+// The standard picture of a button drawn as one, by what it does: a browse
+// button opens a folder to pick a path from; a button without a caption is
+// known by the key that presses it, Escape closing the window and Enter
+// accepting it. None for a button of text, or one whose role is unknown.
+std::optional<QStyle::StandardPixmap> ImagenDeBoton(const forms::CommandButton& boton) {
+    if (boton.Caption() == "...") return QStyle::SP_DirOpenIcon;
+    if (!boton.Caption().empty()) return std::nullopt;
+    if (boton.Cancel()) return QStyle::SP_DialogCloseButton;
+    if (boton.Default()) return QStyle::SP_DialogOkButton;
+    return std::nullopt;
+}
 
 class Casilla : public EnlaceControl {
 public:
@@ -73,7 +87,10 @@ public:
 
 protected:
     void RefrescarPropio() override {
-        widget_->setText(Qs(control_.Caption()));
+        const auto imagen = ImagenDeBoton(boton_);
+        widget_->setIcon(imagen ? widget_->style()->standardIcon(*imagen, nullptr, widget_) : QIcon());
+        widget_->setText(imagen ? QString() : Qs(control_.Caption()));
+        widget_->setAccessibleName(Qs(control_.Caption()));
         widget_->setDefault(boton_.Default());
     }
 
@@ -85,7 +102,7 @@ private:
 class Marco : public EnlaceControl {
 public:
     Marco(forms::Frame& marco, VentanaQt& ventana)
-        : EnlaceControl(marco, ventana), widget_(new QGroupBox), interior_(new QFormLayout(widget_)) {
+        : EnlaceControl(marco, ventana), widget_(new QGroupBox), interior_(NuevoFormulario(widget_)) {
         Poner(widget_, false);
     }
 
@@ -103,6 +120,10 @@ class Pestanas : public EnlaceControl {
 public:
     Pestanas(forms::TabControl& pestanas, VentanaQt& ventana)
         : EnlaceControl(pestanas, ventana), pestanas_(pestanas), widget_(new QTabWidget) {
+        // Every tab shows its whole caption: no scrolling through the tabs,
+        // no shortened texts.
+        widget_->setUsesScrollButtons(false);
+        widget_->setElideMode(Qt::ElideNone);
         Poner(widget_, false);
         Entrada(widget_);
         AgregarPaginas();
@@ -130,7 +151,7 @@ private:
     void AgregarPaginas() {
         while (paginas_.size() < pestanas_.Paginas().size()) {
             auto* pagina = new QWidget;
-            paginas_.push_back(new QFormLayout(pagina));
+            paginas_.push_back(NuevoFormulario(pagina));
             widget_->addTab(pagina, Qs(pestanas_.Paginas()[paginas_.size() - 1]));
         }
     }
@@ -187,6 +208,18 @@ private:
 };
 
 }  // namespace
+
+bool BotonConImagen(const forms::Control& control) {
+    const auto* boton = dynamic_cast<const forms::CommandButton*>(&control);
+    return boton != nullptr && ImagenDeBoton(*boton).has_value();
+}
+
+QFormLayout* NuevoFormulario(QWidget* dueno) {
+    auto* formulario = new QFormLayout(dueno);
+    formulario->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
+    formulario->setRowWrapPolicy(QFormLayout::DontWrapRows);
+    return formulario;
+}
 
 std::unique_ptr<EnlaceControl> EnlaceCasilla(forms::CheckBox& control, VentanaQt& ventana) {
     return std::make_unique<Casilla>(control, ventana);

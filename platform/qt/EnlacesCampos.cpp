@@ -82,7 +82,7 @@ class Memo : public EnlaceControl {
 public:
     Memo(forms::Memo& memo, VentanaQt& ventana) : EnlaceControl(memo, ventana), memo_(memo), widget_(new QPlainTextEdit) {
         widget_->setTabChangesFocus(true);
-        widget_->setFixedHeight(widget_->fontMetrics().lineSpacing() * 5);
+        widget_->setMinimumHeight(widget_->fontMetrics().lineSpacing() * 5);
         Poner(widget_, true);
         Entrada(widget_);
         QObject::connect(widget_, &QPlainTextEdit::textChanged, widget_, [this] {
@@ -117,6 +117,8 @@ public:
         mostrado_->setReadOnly(true);
         pila_->addWidget(giro_);
         pila_->addWidget(mostrado_);
+        // One line high, as the field it shows.
+        pila_->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
         Poner(pila_, true);
         Entrada(giro_);
         Entrada(mostrado_);
@@ -176,6 +178,8 @@ public:
         const bool editable = combo_.Style() == forms::ComboBox::Estilo::Editable;
         widget_->setEditable(editable);
         widget_->setInsertPolicy(QComboBox::NoInsert);
+        // Wide enough for its longest item, also for items that come later.
+        widget_->setSizeAdjustPolicy(QComboBox::AdjustToContents);
         Poner(widget_, true);
         Entrada(widget_);
         QObject::connect(widget_, &QComboBox::activated, widget_, [this](int indice) {

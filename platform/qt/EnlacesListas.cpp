@@ -3,8 +3,12 @@
 #include <QApplication>
 #include <QHeaderView>
 #include <QListWidget>
+#include <QScreen>
+#include <QScrollBar>
 #include <QTableWidget>
 #include <QTreeWidget>
+#include <algorithm>
+#include <vector>
 
 #include "platform/qt/EnlaceControl.h"
 #include "platform/qt/TextoQt.h"
@@ -25,6 +29,45 @@ template <class Item>
 bool PorTeclado(Item* item, Item* anterior) {
     return item != nullptr && anterior != nullptr && QApplication::mouseButtons() == Qt::NoButton;
 }
+
+// A list of columns that asks for the width of all its columns together,
+// so that the window opens with every heading in view. Each column is at
+// least as wide as its heading and, where the model gives it no width, as
+// its texts.
+template <class Base>
+class Ancha : public Base {
+public:
+    // pedidos: the width the model gives each column, 0 for none.
+    void Medir(QHeaderView* encabezado, const std::vector<int>& pedidos) {
+        int total = 0;
+        for (int columna = 0; columna < encabezado->count(); ++columna) {
+            const std::size_t i = static_cast<std::size_t>(columna);
+            const int pedido = i < pedidos.size() ? pedidos[i] : 0;
+            int justo = std::max(pedido, encabezado->sectionSizeHint(columna));
+            // What the texts need (asked through the base, where it is public).
+            if (pedido == 0) justo = std::max(justo, static_cast<const QAbstractItemView*>(this)->sizeHintForColumn(columna));
+            if (encabezado->sectionSize(columna) < justo) encabezado->resizeSection(columna, justo);
+            // The last column stretches to the list's edge: it needs only
+            // what it shows.
+            total += columna + 1 < encabezado->count() ? encabezado->sectionSize(columna) : justo;
+        }
+        if (total == columnas_) return;
+        columnas_ = total;
+        this->updateGeometry();
+    }
+
+    // No wider than two thirds of the screen, as a window that Qt sizes
+    // itself: the columns of a wider list scroll.
+    QSize sizeHint() const override {
+        const QSize usual = Base::sizeHint();
+        int ancho = columnas_ + 2 * this->frameWidth() + this->verticalScrollBar()->sizeHint().width();
+        if (const QScreen* pantalla = this->screen()) ancho = std::min(ancho, pantalla->availableGeometry().width() * 2 / 3);
+        return {std::max(usual.width(), ancho), usual.height()};
+    }
+
+private:
+    int columnas_ = 0;
+};
 
 class ListaSimple : public EnlaceControl {
 public:
@@ -82,7 +125,8 @@ private:
 // sub-items, and a check box on each row when the view has them.
 class Vista : public EnlaceControl {
 public:
-    Vista(forms::ListView& vista, VentanaQt& ventana) : EnlaceControl(vista, ventana), vista_(vista), widget_(new QTreeWidget) {
+    Vista(forms::ListView& vista, VentanaQt& ventana)
+        : EnlaceControl(vista, ventana), vista_(vista), widget_(new Ancha<QTreeWidget>) {
         widget_->setRootIsDecorated(false);
         widget_->setUniformRowHeights(true);
         widget_->setAllColumnsShowFocus(true);
@@ -128,6 +172,7 @@ protected:
             vista_.SelectedItem() < 0 ? nullptr : widget_->topLevelItem(vista_.SelectedItem());
         if (widget_->currentItem() != seleccionado) widget_->setCurrentItem(seleccionado);
         if (seleccionado == nullptr) widget_->clearSelection();
+        widget_->Medir(widget_->header(), Pedidos());
     }
 
 private:
@@ -145,11 +190,18 @@ private:
         if (widget_->columnCount() == titulos.size() && Titulos() == titulos) return;
         widget_->setColumnCount(static_cast<int>(titulos.size()));
         widget_->setHeaderLabels(titulos);
-        // Widths come in characters.
-        const int caracter = widget_->fontMetrics().averageCharWidth();
-        for (std::size_t i = 0; i < columnas.size(); ++i) {
-            if (columnas[i].width > 0) widget_->setColumnWidth(static_cast<int>(i), columnas[i].width * caracter);
+        const auto pedidos = Pedidos();
+        for (std::size_t i = 0; i < pedidos.size(); ++i) {
+            if (pedidos[i] > 0) widget_->setColumnWidth(static_cast<int>(i), pedidos[i]);
         }
+    }
+
+    // The widths of the columns, which the model gives in characters.
+    std::vector<int> Pedidos() const {
+        const int caracter = widget_->fontMetrics().averageCharWidth();
+        std::vector<int> pedidos;
+        for (const auto& columna : vista_.Columnas()) pedidos.push_back(columna.width * caracter);
+        return pedidos;
     }
 
     QStringList Titulos() const {
@@ -174,7 +226,7 @@ private:
     }
 
     forms::ListView& vista_;
-    QTreeWidget* widget_;
+    Ancha<QTreeWidget>* widget_;
 };
 
 // A cell as the grid shows it: empty for an empty cell.
@@ -190,7 +242,8 @@ QString TextoCelda(const Variant& valor) {
 // A read-only grid; numbers stand to the right.
 class Tabla : public EnlaceControl {
 public:
-    Tabla(forms::Grid& grid, VentanaQt& ventana) : EnlaceControl(grid, ventana), grid_(grid), widget_(new QTableWidget) {
+    Tabla(forms::Grid& grid, VentanaQt& ventana)
+        : EnlaceControl(grid, ventana), grid_(grid), widget_(new Ancha<QTableWidget>) {
         widget_->setEditTriggers(QAbstractItemView::NoEditTriggers);
         widget_->setSelectionBehavior(QAbstractItemView::SelectRows);
         widget_->setSelectionMode(QAbstractItemView::SingleSelection);
@@ -214,6 +267,7 @@ protected:
         for (int fila = 0; fila < grid_.RowCount(); ++fila) {
             for (int columna = 0; columna < widget_->columnCount(); ++columna) RefrescarCelda(fila, columna);
         }
+        widget_->Medir(widget_->horizontalHeader(), {});
     }
 
 private:
@@ -230,7 +284,7 @@ private:
     }
 
     forms::Grid& grid_;
-    QTableWidget* widget_;
+    Ancha<QTableWidget>* widget_;
 };
 
 }  // namespace

@@ -4,10 +4,13 @@
 #include <QCloseEvent>
 #include <QEventLoop>
 #include <QFormLayout>
+#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QScreen>
 #include <QTimer>
+#include <QVBoxLayout>
 #include <QWindow>
 #include <algorithm>
 
@@ -37,7 +40,6 @@ int TeclaDe(int codigo, const QString& texto) {
 
 VentanaQt::VentanaQt(forms::Dialogo& dialogo, bool modal) : dialogo_(dialogo), modal_(modal) {
     setWindowTitle(Qs(dialogo_.Caption()));
-    setMinimumWidth(360);
     Construir();
     dialogo_.Observar(this);
     observando_ = true;
@@ -54,6 +56,7 @@ VentanaQt::~VentanaQt() {
 void VentanaQt::MostrarModal(forms::Dialogo& dialogo) {
     VentanaQt ventana(dialogo, true);
     ventana.setWindowModality(Qt::ApplicationModal);
+    ventana.resize(ventana.TamanoInicial());
     ventana.Delante();
     ventana.show();
     ventana.Enfocar();
@@ -75,6 +78,7 @@ VentanaQt* VentanaQt::MostrarSinEsperar(forms::Dialogo& dialogo) {
         ventana->Terminar();
         return ventana;
     }
+    ventana->resize(ventana->TamanoInicial());
     ventana->Delante();
     ventana->show();
     ventana->Enfocar();
@@ -93,9 +97,17 @@ QWidget* VentanaQt::WidgetDe(const forms::Control& control) const {
 
 // --- Building ---------------------------------------------------------------
 
+// The controls above, the fields stretching with the window; the dialog's
+// own buttons in a row at its foot.
 void VentanaQt::Construir() {
-    raiz_ = new QFormLayout(this);
+    auto* raiz = new QVBoxLayout(this);
+    cuerpo_ = NuevoFormulario();
+    raiz->addLayout(cuerpo_, 1);
+    pie_ = new QHBoxLayout;
+    pie_->addStretch();
+    raiz->addLayout(pie_);
     for (const auto& control : dialogo_.Controles()) enlaces_.push_back(CrearEnlace(*control, *this));
+    Pie();
     for (auto& enlace : enlaces_) Colocar(*enlace);
     // The Tab key follows the order in which the controls were declared.
     QWidget* anterior = nullptr;
@@ -110,6 +122,46 @@ void VentanaQt::Construir() {
     }
 }
 
+// The run of command buttons that ends the controls standing on the dialog
+// itself. When one of them is pressed by Enter or Escape, the foot begins
+// there: those before it act on what the window shows and stay above it.
+void VentanaQt::Pie() {
+    std::vector<const forms::Control*> tramo;
+    const auto& controles = dialogo_.Controles();
+    for (auto control = controles.rbegin(); control != controles.rend(); ++control) {
+        if ((*control)->Tipo() == forms::TipoControl::CommonDialog || Destino(**control) != cuerpo_) continue;
+        if ((*control)->Tipo() != forms::TipoControl::CommandButton) break;
+        tramo.insert(tramo.begin(), control->get());
+    }
+    auto inicio = std::find_if(tramo.begin(), tramo.end(), [](const forms::Control* control) {
+        const auto* boton = static_cast<const forms::CommandButton*>(control);
+        return boton->Default() || boton->Cancel();
+    });
+    if (inicio == tramo.end()) inicio = tramo.begin();
+    alPie_.insert(inicio, tramo.end());
+}
+
+// Large enough for every widget's own size hint, wrapped labels at the
+// height their width needs, and the title with room beside it for the
+// window's own buttons; no larger than the screen.
+QSize VentanaQt::TamanoInicial() {
+    // A widget that is not shown yet passes no change of its size hint up
+    // to the layouts, and the model filled the widgets before the window
+    // came up: every layout asks again.
+    ensurePolished();
+    for (QWidget* widget : findChildren<QWidget*>()) widget->updateGeometry();
+    for (QLayout* disposicion : findChildren<QLayout*>()) disposicion->invalidate();
+    layout()->activate();
+    QSize tamano = sizeHint().expandedTo(minimumSizeHint());
+    tamano.setWidth(std::max(tamano.width(), fontMetrics().horizontalAdvance(windowTitle()) +
+                                                 4 * fontMetrics().height()));
+    if (layout()->hasHeightForWidth()) {
+        tamano.setHeight(std::max(tamano.height(), layout()->totalHeightForWidth(tamano.width())));
+    }
+    if (const QScreen* pantalla = screen()) tamano = tamano.boundedTo(pantalla->availableGeometry().size());
+    return tamano.expandedTo(minimumSize());
+}
+
 // A new window stands in front of the one the person was working in, without
 // belonging to it: each window is destroyed by whoever showed it.
 void VentanaQt::Delante() {
@@ -122,16 +174,34 @@ void VentanaQt::Delante() {
 
 // In its frame or on its page when it has one, otherwise on the dialog; a
 // field with its label beside it, anything else across the row, and
-// consecutive command buttons side by side on one row.
+// consecutive command buttons side by side on one row. A picture button
+// declared right after a field stands beside it. Panels that share a place
+// stand in one cell, as large as the largest of them, where only the one
+// shown is drawn.
 void VentanaQt::Colocar(EnlaceControl& enlace) {
     QWidget* widget = enlace.Widget();
     if (widget == nullptr) return;
     const forms::Control& control = enlace.Control();
-    QFormLayout* destino = raiz_;
-    if (forms::Control* contenedor = dialogo_.Buscar(control.Contenedor());
-        contenedor != nullptr && contenedor != &control) {
-        EnlaceControl* suyo = Enlace(*contenedor);
-        if (suyo != nullptr && suyo->Interior(control.Pagina()) != nullptr) destino = suyo->Interior(control.Pagina());
+    if (alPie_.count(&control) != 0) {
+        pie_->addWidget(widget);
+        return;
+    }
+    if (const auto hueco = huecos_.find(&control); hueco != huecos_.end()) {
+        Juntar(hueco->second, widget);
+        return;
+    }
+    QFormLayout* destino = Destino(control);
+    if (const auto acompanantes = Acompanantes(control); !acompanantes.empty()) {
+        QLayout* fila = enlace.Rotulo() != nullptr ? static_cast<QLayout*>(new QHBoxLayout) : new QGridLayout;
+        fila->setContentsMargins(0, 0, 0, 0);
+        Juntar(fila, widget);
+        for (const forms::Control* otro : acompanantes) huecos_[otro] = fila;
+        if (enlace.Rotulo() != nullptr) {
+            destino->addRow(enlace.Rotulo(), fila);
+        } else {
+            destino->addRow(fila);
+        }
+        return;
     }
     if (enlace.Rotulo() != nullptr) {
         destino->addRow(enlace.Rotulo(), widget);
@@ -147,8 +217,62 @@ void VentanaQt::Colocar(EnlaceControl& enlace) {
         botones->addStretch();
         destino->addRow(botones);
         fila = destino->rowCount() - 1;
+        // A row of buttons stands at the right, under what it acts on; one
+        // that the labels after it explain stands at their left.
+        if (Explicados(control)) {
+            botones->insertWidget(0, widget);
+            return;
+        }
     }
-    botones->addWidget(widget);
+    // The stretch keeps its end of the row.
+    const bool izquierda = botones->itemAt(0)->spacerItem() == nullptr;
+    botones->insertWidget(izquierda ? botones->count() - 1 : botones->count(), widget);
+}
+
+// Into a field's row, the field taking the width; or into the one cell of
+// panels that share a place, each keeping its room while hidden so that the
+// cell fits any of them.
+void VentanaQt::Juntar(QLayout* hueco, QWidget* widget) {
+    if (auto* celda = qobject_cast<QGridLayout*>(hueco)) {
+        QSizePolicy politica = widget->sizePolicy();
+        politica.setRetainSizeWhenHidden(true);
+        widget->setSizePolicy(politica);
+        celda->addWidget(widget, 0, 0);
+    } else {
+        static_cast<QBoxLayout*>(hueco)->addWidget(widget, hueco->count() == 0 ? 1 : 0);
+    }
+}
+
+bool VentanaQt::Explicados(const forms::Control& boton) const {
+    const auto& controles = dialogo_.Controles();
+    auto siguiente = std::find_if(controles.begin(), controles.end(), [&](const auto& c) { return c.get() == &boton; });
+    while (siguiente != controles.end() && (*siguiente)->Tipo() == forms::TipoControl::CommandButton &&
+           Destino(**siguiente) == Destino(boton)) {
+        ++siguiente;
+    }
+    return siguiente != controles.end() && (*siguiente)->Tipo() == forms::TipoControl::Label &&
+           Destino(**siguiente) == Destino(boton);
+}
+
+QFormLayout* VentanaQt::Destino(const forms::Control& control) const {
+    forms::Control* contenedor = dialogo_.Buscar(control.Contenedor());
+    if (contenedor == nullptr || contenedor == &control) return cuerpo_;
+    EnlaceControl* suyo = Enlace(*contenedor);
+    QFormLayout* interior = suyo == nullptr ? nullptr : suyo->Interior(control.Pagina());
+    return interior != nullptr ? interior : cuerpo_;
+}
+
+std::vector<const forms::Control*> VentanaQt::Acompanantes(const forms::Control& control) const {
+    std::vector<const forms::Control*> acompanantes;
+    const auto& controles = dialogo_.Controles();
+    for (std::size_t i = 0; i < controles.size(); ++i) {
+        const forms::Control& otro = *controles[i];
+        if (&otro != &control && EqualText(otro.Lugar(), control.Nombre())) acompanantes.push_back(&otro);
+        const bool junto = i > 0 && controles[i - 1].get() == &control && Enlace(control)->Rotulo() != nullptr &&
+                           BotonConImagen(otro) && Destino(otro) == Destino(control);
+        if (junto) acompanantes.push_back(&otro);
+    }
+    return acompanantes;
 }
 
 EnlaceControl* VentanaQt::Enlace(const forms::Control& control) const {

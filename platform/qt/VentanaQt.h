@@ -12,6 +12,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <set>
 #include <vector>
 
 #include "forms/Dialogo.h"
@@ -20,6 +21,7 @@
 class QEventLoop;
 class QFormLayout;
 class QHBoxLayout;
+class QLayout;
 
 namespace celdora::platform {
 
@@ -62,8 +64,23 @@ protected:
 
 private:
     void Construir();
+    // Which command buttons stand in the row at the foot of the window.
+    void Pie();
+    // The size the window opens at: what its layout asks for, within the
+    // screen.
+    QSize TamanoInicial();
     void Delante();
     void Colocar(EnlaceControl& enlace);
+    // The layout a control goes into: its frame's, its page's or the window's.
+    QFormLayout* Destino(const forms::Control& control) const;
+    // The controls that stand in this one's row rather than in one of their
+    // own: the picture button declared right after a field, and the panels
+    // put over this one.
+    std::vector<const forms::Control*> Acompanantes(const forms::Control& control) const;
+    // Whether the row of buttons that begins with this one is followed by a
+    // label that explains it.
+    bool Explicados(const forms::Control& boton) const;
+    void Juntar(QLayout* hueco, QWidget* widget);
     EnlaceControl* Enlace(const forms::Control& control) const;
     // The command button that Enter (Default) or Escape (Cancel) presses.
     forms::CommandButton* Boton(bool cancelar) const;
@@ -77,10 +94,16 @@ private:
     std::map<QObject*, forms::Control*> entradas_;
     // Lists and grids changed since the message loop last turned.
     std::vector<EnlaceControl*> pendientes_;
-    QFormLayout* raiz_ = nullptr;
+    QFormLayout* cuerpo_ = nullptr;
+    // The dialog's own command buttons, in a row at the foot of the window.
+    QHBoxLayout* pie_ = nullptr;
+    std::set<const forms::Control*> alPie_;
     // The last row of command buttons in each layout, with the layout's row
     // it took: consecutive buttons share one row.
     std::map<QFormLayout*, std::pair<int, QHBoxLayout*>> filasBotones_;
+    // The row that a control joins, made when the control it goes with was
+    // placed.
+    std::map<const forms::Control*, QLayout*> huecos_;
     bool modal_ = false;
     bool observando_ = false;
     bool terminada_ = false;

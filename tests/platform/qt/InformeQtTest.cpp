@@ -88,7 +88,6 @@ TEST(InformeQt, AMonthGeneratedInTheWindowsReadsBackInTheBrowserWithItsTotals) {
                      EXPECT_NEAR(modelo.Ver<forms::NumberField>("eNumIVA").Value(), iva, 0.001);
                      EXPECT_EQ(modelo.Ver<forms::Label>("lblcontenido").Caption(),
                                "Contenido del informe 1EKU9003173C9112026");
-                     Captura(v, "dlgExportarInforme");
                      QTest::mouseClick(Widget<QPushButton>(v, "btnCerrar"), Qt::LeftButton);
                  },
                  "the grid to show the report's lines");
