@@ -104,7 +104,7 @@ private:
     // Nobody is left to type: the window is closed as with its X; if the
     // dialog refuses, it is hidden, since no one could close it later.
     void FinDeEntrada() {
-        r_.out_ << "\nFin de la entrada: se cierra la ventana.\n";
+        r_.out_ << "Fin de la entrada: se cierra la ventana.\n";
         dialogo_.Cerrar();
         if (!dialogo_.Visible()) return;
         r_.out_ << "«" << dialogo_.Caption() << "» no se dejó cerrar; se oculta.\n";
