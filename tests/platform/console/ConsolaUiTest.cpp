@@ -76,6 +76,7 @@ TEST(ConsolaUiPickers, TakeAnExistingPathOfTheirKindInQuotesOrNotAndCancelOnAnEm
     const std::string d = carpeta.ruta().string(), archivo = carpeta / "CBB.bmp";
     std::ofstream(archivo) << "x";
     enum Cual { Abrir, Guardar, Carpeta };
+    // What is typed, the path taken, and a part of what the terminal printed.
     const struct {
         Cual cual;
         std::string teclado;
