@@ -105,7 +105,6 @@ void Seleccionar(dlgExportarInforme& dialogo, const OpcionesInforme& o, std::ost
 int Generar(cAcction& accion, UiGuiada& ui, const OpcionesInforme& o, std::ostream& out) {
     int vez = 0;
     ui.Carpeta(*o.carpeta);
-    ui.SeguirProgreso(true);
     // The user accepts once; a dialog that comes back after a failure is
     // cancelled, since the tool would only give the same answers again.
     ui.AlMostrar("dlgInforme", [&](forms::Dialogo& d) {

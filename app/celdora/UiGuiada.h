@@ -3,8 +3,7 @@
 // A user interface that acts for the user where the tool knows the answers
 // up front, and passes everything else to the terminal's interface beneath
 // it: a dialog class can be given an action that replaces the person at the
-// keyboard, every folder picker can be answered with one folder, and the
-// progress window can be followed on the terminal.
+// keyboard, and every folder picker can be answered with one folder.
 
 #include <functional>
 #include <iosfwd>
@@ -21,18 +20,12 @@ namespace celdora::app {
 class UiGuiada : public host::UiServices {
 public:
     UiGuiada(host::UiServices& base, std::ostream& out);
-    ~UiGuiada() override;
-    UiGuiada(const UiGuiada&) = delete;
-    UiGuiada& operator=(const UiGuiada&) = delete;
 
     // What is done in place of the user each time a dialog of that class is
     // shown modally. A dialog the action leaves up is closed afterwards.
     void AlMostrar(const std::string& clase, std::function<void(forms::Dialogo&)> accion);
     // The folder that every folder picker answers, told on the terminal.
     void Carpeta(std::string carpeta) { carpeta_ = std::move(carpeta); }
-    // Whether the progress window is followed on the terminal rather than
-    // shown by the interface beneath.
-    void SeguirProgreso(bool seguir) { seguirProgreso_ = seguir; }
 
     host::Respuesta MsgBox(const std::string& text, host::Botones buttons, host::Icono icon,
                            const std::string& title) override;
@@ -49,14 +42,10 @@ public:
     void Show(forms::Dialogo& dialogo) override;
 
 private:
-    class Progreso;
-
     host::UiServices& base_;
     std::ostream& out_;
     std::map<std::string, std::function<void(forms::Dialogo&)>> acciones_;
     std::optional<std::string> carpeta_;
-    bool seguirProgreso_ = false;
-    std::unique_ptr<Progreso> progreso_;
 };
 
 }  // namespace celdora::app

@@ -18,6 +18,17 @@ namespace {
 
 // Containers placed inside containers deeper than this are taken as a loop.
 constexpr int kProfundidadMaxima = 16;
+constexpr int kVecinos = 2;
+
+bool Larga(const forms::ListaBase& lista) { return lista.ListCount() > kListaLarga; }
+
+// "(42 de 66)" for a long list, nothing for a short one.
+std::string Lugar(const forms::ListaBase& lista) {
+    if (!Larga(lista)) return "";
+    const std::string total = std::to_string(lista.ListCount());
+    if (lista.ListIndex() < 0) return " (" + total + " elementos)";
+    return " (" + std::to_string(lista.ListIndex() + 1) + " de " + total + ")";
+}
 
 std::string Sangria(int nivel) { return std::string(static_cast<std::size_t>(nivel) * 2, ' '); }
 
@@ -92,8 +103,8 @@ std::string ValorTexto(const forms::TextBox& texto) {
 }
 
 std::string ValorCombo(const forms::ComboBox& combo) {
-    if (combo.Style() == forms::ComboBox::Estilo::Editable) return Entrecomillado(combo.Text());
-    return combo.ListIndex() < 0 ? "(nada elegido)" : combo.Text();
+    if (combo.Style() == forms::ComboBox::Estilo::Editable) return Entrecomillado(combo.Text()) + Lugar(combo);
+    return (combo.ListIndex() < 0 ? "(nada elegido)" : combo.Text()) + Lugar(combo);
 }
 
 std::string ValorCasilla(const forms::CheckBox& casilla) {
@@ -126,9 +137,7 @@ std::string ValorImagen(const forms::PictureBox& imagen) {
 }
 
 std::string ValorBarra(const forms::ProgressBar& barra) {
-    const long recorrido = static_cast<long>(barra.Max()) - barra.Min();
-    const long avance = static_cast<long>(barra.Value()) - barra.Min();
-    const long porcentaje = recorrido > 0 ? avance * 100 / recorrido : 0;
+    const int porcentaje = Porcentaje(barra);
     const auto llenas = static_cast<std::size_t>(porcentaje / 10);
     return "[" + std::string(llenas, '=') + std::string(10 - llenas, ' ') + "] " + std::to_string(porcentaje) +
            "% (" + std::to_string(barra.Value()) + " en " + std::to_string(barra.Min()) + ".." +
@@ -175,14 +184,22 @@ std::string ValorDireccion(const forms::AddressControl& direccion) {
 // --- Rows, one kind each ---------------------------------------------------
 
 // The items, numbered from 1; conCasillas is the list box when its items
-// carry check boxes.
-std::vector<std::string> FilasLista(const forms::ListaBase& lista, const forms::ListBox* conCasillas) {
+// carry check boxes. Of a long list, unless entera, the chosen item (or the
+// first) and its neighbours, and a line that says how to see the rest.
+std::vector<std::string> FilasLista(const forms::ListaBase& lista, const forms::ListBox* conCasillas, bool entera) {
+    int desde = 0;
+    int hasta = lista.ListCount();
+    if (!entera && Larga(lista)) {
+        desde = std::clamp(lista.ListIndex() - kVecinos, 0, hasta - (2 * kVecinos + 1));
+        hasta = desde + 2 * kVecinos + 1;
+    }
     std::vector<std::string> filas;
-    for (int i = 0; i < lista.ListCount(); ++i) {
+    for (int i = desde; i < hasta; ++i) {
         std::string fila = Marca(i == lista.ListIndex()) + Numero(static_cast<std::size_t>(i) + 1) + "  ";
         if (conCasillas != nullptr) fila += Casilla(conCasillas->Selected(i)) + " ";
         filas.push_back(fila + lista.List(i));
     }
+    if (hasta - desde < lista.ListCount()) filas.push_back("  ... ver " + lista.Nombre() + " los muestra todos");
     return filas;
 }
 
@@ -286,11 +303,11 @@ bool CaptionEnElValor(TipoControl tipo) {
     }
 }
 
-void DibujarEn(const Control& control, std::ostream& out, int nivel) {
+void DibujarEn(const Control& control, std::ostream& out, int nivel, bool entero) {
     if (!Mostrado(control) || nivel > kProfundidadMaxima) return;
     out << Sangria(nivel) << Cabecera(control) << '\n';
-    for (const std::string& fila : Filas(control)) out << Sangria(nivel + 2) << fila << '\n';
-    for (const Control* hijo : Hijos(control)) DibujarEn(*hijo, out, nivel + 1);
+    for (const std::string& fila : Filas(control, entero)) out << Sangria(nivel + 2) << fila << '\n';
+    for (const Control* hijo : Hijos(control)) DibujarEn(*hijo, out, nivel + 1, entero);
 }
 
 }  // namespace
@@ -412,12 +429,18 @@ std::string Cabecera(const Control& control) {
     return cabecera;
 }
 
-std::vector<std::string> Filas(const Control& control) {
+int Porcentaje(const forms::ProgressBar& barra) {
+    const long recorrido = static_cast<long>(barra.Max()) - barra.Min();
+    const long avance = static_cast<long>(barra.Value()) - barra.Min();
+    return recorrido > 0 ? static_cast<int>(std::clamp(avance * 100 / recorrido, 0L, 100L)) : 0;
+}
+
+std::vector<std::string> Filas(const Control& control, bool entero) {
     switch (control.Tipo()) {
-        case TipoControl::ComboBox: return FilasLista(dynamic_cast<const forms::ListaBase&>(control), nullptr);
+        case TipoControl::ComboBox: return FilasLista(dynamic_cast<const forms::ListaBase&>(control), nullptr, entero);
         case TipoControl::ListBox: {
             const auto& lista = dynamic_cast<const forms::ListBox&>(control);
-            return FilasLista(lista, lista.Casillas() ? &lista : nullptr);
+            return FilasLista(lista, lista.Casillas() ? &lista : nullptr, entero);
         }
         case TipoControl::ListView: return FilasVista(dynamic_cast<const forms::ListView&>(control));
         case TipoControl::Grid: return FilasGrid(dynamic_cast<const forms::Grid&>(control));
@@ -430,10 +453,12 @@ void DibujarDialogo(const forms::Dialogo& dialogo, std::ostream& out) {
     out << "== " << dialogo.Caption() << " ==\n";
     for (const auto& control : dialogo.Controles()) {
         const Control* contenedor = control->Contenedor().empty() ? nullptr : dialogo.Buscar(control->Contenedor());
-        if (contenedor == nullptr || contenedor == control.get()) DibujarEn(*control, out, 1);
+        if (contenedor == nullptr || contenedor == control.get()) DibujarEn(*control, out, 1, false);
     }
 }
 
-void DibujarControl(const Control& control, std::ostream& out, int nivel) { DibujarEn(control, out, nivel); }
+void DibujarControl(const Control& control, std::ostream& out, int nivel, bool entero) {
+    DibujarEn(control, out, nivel, entero);
+}
 
 }  // namespace celdora::platform::consola

@@ -28,6 +28,7 @@ struct Linea {
 struct Contexto {
     forms::Dialogo& dialogo;
     std::ostream& out;
+    const char* uso = "";
     Pedido pedido = Pedido::Nada;
 };
 
@@ -66,12 +67,13 @@ bool Alcanzable(Contexto& c, const Control& control) {
 
 Control* Alcanzar(Contexto& c, const Linea& linea) {
     if (linea.control.empty()) {
-        Falla(c, "falta el nombre del control; escriba ayuda para ver las órdenes.");
+        Falla(c, "falta el nombre del control: " + std::string(c.uso) + ".");
         return nullptr;
     }
     Control* control = c.dialogo.Buscar(linea.control);
     if (control == nullptr) {
-        Falla(c, "no hay ningún control " + Q(linea.control) + " en " + Q(c.dialogo.Caption()) + ".");
+        Falla(c, "no hay ningún control " + Q(linea.control) + " en " + Q(c.dialogo.Caption()) +
+                     "; ver muestra los controles con su nombre.");
         return nullptr;
     }
     return Alcanzable(c, *control) ? control : nullptr;
@@ -96,10 +98,11 @@ bool EsNumero(const std::string& texto) {
 // or by its text.
 std::optional<int> Indice(Contexto& c, const Control& control, const std::string& argumento,
                           const std::vector<std::string>& textos) {
-    const std::string nombrado = Trim(argumento);
+    const std::string nombrado = SinComillas(Trim(argumento));
     const int cuantos = static_cast<int>(textos.size());
-    if (nombrado.empty()) {
-        Falla(c, "falta el número del elemento de " + Q(control.Nombre()) + ".");
+    if (nombrado.empty() && cuantos > 0) {
+        Falla(c, "falta el número del elemento de " + Q(control.Nombre()) + " (de 1 a " + std::to_string(cuantos) +
+                     ", o su texto).");
         return std::nullopt;
     }
     if (EsNumero(nombrado)) {
@@ -112,8 +115,9 @@ std::optional<int> Indice(Contexto& c, const Control& control, const std::string
     if (cuantos == 0) {
         Falla(c, Q(control.Nombre()) + " no tiene elementos.");
     } else {
+        const std::string todos = cuantos > kListaLarga ? "; ver " + control.Nombre() + " los muestra todos" : "";
         Falla(c, Q(control.Nombre()) + " no tiene el elemento " + Q(nombrado) + " (elija de 1 a " +
-                     std::to_string(cuantos) + ").");
+                     std::to_string(cuantos) + ", o su texto" + todos + ").");
     }
     return std::nullopt;
 }
@@ -256,7 +260,7 @@ void EscribirDireccion(Contexto& c, Control& control, const std::string& teclead
     for (const CampoDireccion& conocido : CamposDireccion()) {
         for (const std::string& palabra : conocido.palabras) {
             if (LCase(campo) == palabra) {
-                conocido.escribir(direccion, texto);
+                conocido.escribir(direccion, SinComillas(texto));
                 return;
             }
         }
@@ -298,7 +302,9 @@ void Escribir(Contexto& c, const Linea& linea) {
         Falla(c, Q(control->Nombre()) + " es de solo lectura.");
         return;
     }
-    if (Enfocar(c, *control)) escritor(c, *control, linea.resto);
+    // An address reads its field's word before the text.
+    const bool direccion = control->Tipo() == TipoControl::AddressControl;
+    if (Enfocar(c, *control)) escritor(c, *control, direccion ? linea.resto : SinComillas(linea.resto));
 }
 
 // --- elegir, pagina, doble -------------------------------------------------
@@ -499,7 +505,19 @@ void Esc(Contexto& c, const Linea&) { PulsarTecla(c, true); }
 
 // --- ver, cerrar, ayuda --------------------------------------------------------
 
-void Ver(Contexto& c, const Linea&) { c.pedido = Pedido::VerTodo; }
+// The whole dialog, or one control with every entry of its list.
+void Ver(Contexto& c, const Linea& linea) {
+    if (linea.control.empty()) {
+        c.pedido = Pedido::VerTodo;
+        return;
+    }
+    const Control* control = c.dialogo.Buscar(linea.control);
+    if (control == nullptr || !Mostrado(*control)) {
+        Alcanzar(c, linea);
+        return;
+    }
+    DibujarControl(*control, c.out, 1, true);
+}
 
 void Cerrar(Contexto& c, const Linea&) {
     c.dialogo.Cerrar();
@@ -519,6 +537,7 @@ const std::vector<Orden>& Ordenes() {
     static const std::vector<Orden> ordenes{
         {{"escribir", "escribe", "teclear"}, "escribir CONTROL TEXTO",
          "teclea el texto en un campo de texto, número o fecha (dd/mm/aaaa) o en un combo editable;\n"
+         "entre comillas guarda sus blancos (\"a b\"), y \"\" es el texto vacío;\n"
          "en un memo \\n es un salto de línea; en una dirección: escribir CONTROL CAMPO TEXTO\n"
          "con CAMPO calle, exterior, interior, direccion, colonia, cp, telefono o notas",
          Escribir},
@@ -540,7 +559,8 @@ const std::vector<Orden>& Ordenes() {
         {{"pagina", "página", "pestaña"}, "pagina CONTROL N", "muestra la página N de unas pestañas", Pagina},
         {{"intro", "enter"}, "intro", "pulsa el botón predeterminado", Intro},
         {{"esc", "escape"}, "esc", "pulsa el botón de cancelar", Esc},
-        {{"ver", "mostrar"}, "ver", "muestra otra vez el diálogo completo", Ver},
+        {{"ver", "mostrar"}, "ver [CONTROL]",
+         "muestra otra vez el diálogo completo, o el control con todos sus elementos", Ver},
         {{"cerrar", "salir"}, "cerrar", "cierra la ventana, como su X", Cerrar},
         {{"ayuda", "?"}, "ayuda", "muestra estas órdenes", MostrarAyuda},
     };
@@ -564,15 +584,19 @@ Pedido EjecutarOrden(forms::Dialogo& dialogo, const std::string& texto, std::ost
     if (linea.orden.empty() || linea.orden[0] == '#') return Pedido::Nada;
     const Orden* orden = BuscarOrden(linea.orden);
     if (orden == nullptr) {
-        Falla(contexto, "no conozco la orden " + Q(linea.orden) + "; escriba ayuda para ver las órdenes.");
+        std::string nombres;
+        for (const Orden& conocida : Ordenes()) nombres += (nombres.empty() ? "" : ", ") + conocida.palabras.front();
+        Falla(contexto, "no conozco la orden " + Q(linea.orden) + "; las órdenes son " + nombres +
+                            " (ayuda las explica).");
         return Pedido::Nada;
     }
+    contexto.uso = orden->uso;
     orden->accion(contexto, linea);
     return contexto.pedido;
 }
 
 void Ayuda(std::ostream& out) {
-    constexpr std::size_t kAncho = 28;
+    constexpr std::size_t kAncho = 30;
     const std::string sangria(kAncho + 2, ' ');
     out << "Órdenes (CONTROL es el nombre del control, sin importar mayúsculas;\n"
            "N es el número del elemento, desde 1, o su texto):\n";
@@ -586,6 +610,12 @@ void Ayuda(std::ostream& out) {
         }
     }
     out << "Las líneas vacías y las que empiezan con # no hacen nada.\n";
+}
+
+std::string SinComillas(const std::string& texto) {
+    const std::string limpio = RTrim(texto);
+    if (limpio.size() >= 2 && limpio.front() == '"' && limpio.back() == '"') return limpio.substr(1, limpio.size() - 2);
+    return texto;
 }
 
 }  // namespace celdora::platform::consola

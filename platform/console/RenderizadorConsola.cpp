@@ -1,6 +1,7 @@
 #include "platform/console/RenderizadorConsola.h"
 
 #include <algorithm>
+#include <optional>
 #include <ostream>
 
 #include "forms/Controles.h"
@@ -104,7 +105,7 @@ private:
     // Nobody is left to type: the window is closed as with its X; if the
     // dialog refuses, it is hidden, since no one could close it later.
     void FinDeEntrada() {
-        r_.out_ << "\nFin de la entrada: se cierra la ventana.\n";
+        r_.out_ << "Fin de la entrada: se cierra la ventana.\n";
         dialogo_.Cerrar();
         if (!dialogo_.Visible()) return;
         r_.out_ << "«" << dialogo_.Caption() << "» no se dejó cerrar; se oculta.\n";
@@ -119,10 +120,16 @@ private:
 };
 
 // Watches a dialog shown without waiting: the controls that change wait for
-// the next turn of the message loop and are printed on one line.
+// the next turn of the message loop and are printed on one line. While the
+// dialog has a progress bar, a line is printed only when the bar reaches a
+// tenth it had not reached before, and the last changes when it closes, so
+// that a long job prints a dozen lines however often it reports.
 class RenderizadorConsola::Vigia : public forms::Observador {
 public:
-    Vigia(std::ostream& out, Dialogo& dialogo) : out_(out), dialogo_(&dialogo) { dialogo.Observar(this); }
+    Vigia(std::ostream& out, Dialogo& dialogo) : out_(out), dialogo_(&dialogo) {
+        dialogo.Observar(this);
+        decimo_ = Decimo();
+    }
     ~Vigia() override {
         if (dialogo_ != nullptr) dialogo_->Dejar(this);
     }
@@ -140,14 +147,17 @@ public:
 
     void DialogoCambiado() override {
         if (dialogo_->Cargado()) return;
-        Vaciar();
+        Vaciar(true);
         out_ << "Se cerró «" << dialogo_->Caption() << "».\n";
         dialogo_->Dejar(this);
         dialogo_ = nullptr;
     }
 
-    void Vaciar() {
+    void Vaciar(bool alCerrar = false) {
         if (pendientes_.empty()) return;
+        const std::optional<int> decimo = Decimo();
+        if (!alCerrar && decimo && decimo_ && *decimo <= *decimo_) return;
+        if (decimo) decimo_ = std::max(decimo_.value_or(0), *decimo);
         std::string linea;
         for (const Control* control : pendientes_) {
             if (!linea.empty()) linea += " | ";
@@ -158,9 +168,20 @@ public:
     }
 
 private:
+    // The tenth the dialog's first bar in sight has reached; none without one.
+    std::optional<int> Decimo() const {
+        for (const auto& control : dialogo_->Controles()) {
+            const auto* barra = dynamic_cast<const forms::ProgressBar*>(control.get());
+            if (barra != nullptr && consola::Mostrado(*barra)) return consola::Porcentaje(*barra) / 10;
+        }
+        return std::nullopt;
+    }
+
     std::ostream& out_;
     Dialogo* dialogo_;
     std::vector<const Control*> pendientes_;
+    // The highest tenth printed so far.
+    std::optional<int> decimo_;
 };
 
 RenderizadorConsola::RenderizadorConsola(Lector leer, std::ostream& out) : leer_(std::move(leer)), out_(out) {}

@@ -16,9 +16,11 @@
 // travels on to the caller, as it would end the program on the platform.
 //
 // A dialog shown without waiting (a progress window) is printed once; then
-// the controls that change are printed on one line each time the message
-// loop turns ("lblcmd: Leyendo | pb: [=====     ] 50% (50 en 0..100)"),
-// until the dialog is unloaded.
+// the controls that change are printed on one line when the message loop
+// turns ("lblcmd: Leyendo | pb: [=====     ] 50% (50 en 0..100)"), until the
+// dialog is unloaded. Where it has a progress bar, only when the bar reaches
+// a tenth it had not reached, and once more at the close: at most a dozen
+// lines for a job of any length.
 
 #include <functional>
 #include <iosfwd>
@@ -46,7 +48,8 @@ public:
     void Modal(forms::Dialogo& dialogo);
     // Prints a dialog shown without waiting and watches it until it unloads.
     void Ventana(forms::Dialogo& dialogo);
-    // Prints what changed on the dialogs shown without waiting.
+    // Prints what changed on the dialogs shown without waiting, as far as
+    // their bars allow.
     void Vaciar();
 
 private:

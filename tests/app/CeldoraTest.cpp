@@ -11,6 +11,7 @@
 #include <string>
 
 #include "tests/support/ConfiguracionPrivada.h"
+#include "value/Text.h"
 
 namespace celdora {
 namespace {
@@ -82,15 +83,17 @@ TEST_F(Celdora, AnswersCallsAndListsMembersTellingUsageFromFaultsByTheExitCode) 
          kNo + "LastErrorDescript: No se pude cancelar porque el comprobante digital ya ha sido incluido en el "
                "reporte mensual.\n"},
         // Questions take the fixed answer, or the terminal's: the end of the
-        // input answers No, and an answer that is neither asks again.
+        // input answers No, and an answer that is neither says which it takes.
         {"--no call CancelarCFD 5", "", 0,
-         "[Pregunta] ¿Está seguro que desea eliminar el elemento seleccionado?\n(s/n) No (respuesta fija)\n" + kNo},
-        {"call CancelarCFD 5", "", 0, "Sin entrada: No\n" + kNo, Contiene},
-        {"--si call CancelarCFD 5", "", 0, "(s/n) Sí (respuesta fija)\n" + kSi, Contiene},
-        {"call CancelarCFD 8", "tal vez\\ns\\n", 0, "(s/n) (s/n) " + kSi, Contiene},
+         "┌─ [Pregunta]\n│ ¿Está seguro que desea eliminar el elemento seleccionado?\n└─ No (respuesta fija)\n" + kNo},
+        {"call CancelarCFD 5", "", 0, "│ (s/n) \n└─ No (sin entrada)\n" + kNo, Contiene},
+        {"--si call CancelarCFD 5", "", 0, "└─ Sí (respuesta fija)\n" + kSi, Contiene},
+        {"call CancelarCFD 8", "tal vez\\ns\\n", 0,
+         "│ (s/n) tal vez\n│ No entiendo «tal vez»: responda s (sí) o n (no).\n│ (s/n) s\n└─ Sí\n" + kSi, Contiene},
         // A user in the groups given.
         {"--grupos 3,7 call PermitirAcceso NVCA316x @usuario", "", 0, kSi},
-        {"--grupos 12 call PermitirAcceso NVCA316x @usuario", "", 0, "Tiendaro\n[Crítico] Permiso denegado.\n" + kNo},
+        {"--grupos 12 call PermitirAcceso NVCA316x @usuario", "", 0,
+         "┌─ [Crítico] Tiendaro\n│ Permiso denegado.\n└─ Aceptar\n" + kNo},
         {"call databasetype @conexion", "", 0, "", Contiene},
         {"members", "", 0, "cAcction: ", Empieza},
         {"members", "", 0, " miembros en 77 ranuras\n  1  propiedad                 ADOCnn : obj Connection\n", Contiene},
@@ -103,7 +106,8 @@ TEST_F(Celdora, AnswersCallsAndListsMembersTellingUsageFromFaultsByTheExitCode) 
          " setInfo(lsyspk i32, sregimen str, snotas str)\n"},
         // The panel on the terminal: the company's kind, and the message on closing.
         {"panel --console", "pulsar btnCerrar\\n", 0,
-         "[Información] Por favor reinicie la conexión después de realizar algún cambio.\n", Contiene},
+         "> pulsar btnCerrar\n┌─ [Información]\n│ Por favor reinicie la conexión después de realizar algún cambio.\n",
+         Contiene},
         {"panel --console", "pulsar btnCerrar\\n", 0, "lblTipoC (etiqueta): CFDI\n", Contiene},
         {"call ExisteCFD", "", 1, "Error 449 (Argument not optional)\n"},
         {"call ExisteCFD abc", "", 1, "Error 13 (Type mismatch)\n"},
@@ -146,13 +150,16 @@ TEST_F(Celdora, GeneratesAMonthlyReportIntoTheGivenFolderFollowingTheProgress) {
               "[Informe mensual al SAT]\n"
               "  Noviembre 2026: Aceptar\n"
               "Carpeta destino: " + salida.string() + "\n"
-              "[Progreso] Generando informe mensual.\n"
-              "  Obteniendo información...\n"
-              "  Leyendo bitácora de registro de CFDs 000005\n"
-              "  Leyendo bitácora de registro de CFDs 000008\n"
-              "  Guardando registro...\n"
-              "[Información] El archivo ha sido generado correctamente correspondiente al mes de Noviembre y al año "
-              "2026\n"
+              "== Progreso ==\n"
+              "  lbltitle (etiqueta): Generando informe mensual.\n"
+              "  lblcmd (etiqueta): Ejecutando comando...\n"
+              "  lblinfo (etiqueta): Este proceso puede tardar varios minutos. Por favor espere...\n"
+              "  pb (barra): [          ] 0% (0 en 0..100)\n"
+              "lblcmd: Guardando registro... | pb: [==========] 100% (100 en 0..100)\n"
+              "Se cerró «Progreso».\n"
+              "┌─ [Información]\n"
+              "│ El archivo ha sido generado correctamente correspondiente al mes de Noviembre y al año 2026\n"
+              "└─ Aceptar\n"
               "Informe generado: " + archivo.string() + "\n");
     std::ifstream in(archivo, std::ios::binary);
     const std::string texto{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
@@ -168,7 +175,7 @@ TEST_F(Celdora, GeneratesAMonthlyReportIntoTheGivenFolderFollowingTheProgress) {
     const Salida ver = Celdora_("informe ver --anio 2026 --mes 11 --console",
                                 "pulsar btnExportar\\n" + exportado.string() + "\\ncerrar\\n");
     EXPECT_EQ(ver.codigo, 0) << ver.texto;
-    EXPECT_TRUE(Contiene(ver.texto, "[Información] Archivo guardado correctamente.")) << ver.texto;
+    EXPECT_TRUE(Contiene(ver.texto, "┌─ [Información]\n│ Archivo guardado correctamente.\n")) << ver.texto;
     std::ifstream copia(exportado / "1EKU9003173C9112026.txt", std::ios::binary);
     EXPECT_EQ(std::string(std::istreambuf_iterator<char>(copia), {}), texto);
 }
@@ -183,16 +190,47 @@ TEST_F(Celdora, AStoredMonthIsOverwrittenOnlyOnYesAndAReportThatCannotBeWrittenI
     EXPECT_FALSE(fs::exists(carpeta / "1EKU9003173C9102026.txt"));
     const Salida si = Celdora_(opciones + " --si");
     EXPECT_EQ(si.codigo, 0) << si.texto;
-    EXPECT_TRUE(Contiene(si.texto, "  Eliminando registro anterior...\n")) << si.texto;
+    EXPECT_TRUE(Contiene(si.texto, "└─ Sí (respuesta fija)\n")) << si.texto;
     EXPECT_TRUE(fs::exists(carpeta / "1EKU9003173C9102026.txt"));
 
     const Salida generar = Celdora_("informe generar --mes 12 --anio 2026 --carpeta '" + db + "'");
     EXPECT_EQ(generar.codigo, 1) << generar.texto;
-    EXPECT_TRUE(Contiene(generar.texto, "[Exclamación] Error al guardar archivo " + db +
-                                            "/1EKU9003173C9122026.txt\n[Informe mensual al SAT]\n  Cancelar\n"))
+    EXPECT_TRUE(Contiene(generar.texto, "┌─ [Advertencia]\n│ Error al guardar archivo " + db +
+                                            "/1EKU9003173C9122026.txt\n└─ Aceptar\n[Informe mensual al SAT]\n"
+                                            "  Cancelar\n"))
         << generar.texto;
     EXPECT_EQ(Celdora_("call ValorCampo \"SELECT COUNT(*) AS n FROM ut_CFDInforme WHERE uf_Mes=12\" n").texto,
               "0\n");
+}
+
+// --- A whole wizard run on the terminal ------------------------------------
+
+// The setup wizard for CFDI, driven page by page from the script of orders
+// beside this file, finishes and leaves the kind, the issuer's new name, the
+// certificate with the PFX it built, and the certificate's block.
+TEST_F(Celdora, TheTerminalCarriesAWholeWizardRunForCFDIFromAScriptOfOrders) {
+    std::ifstream plantilla(std::string(CELDORA_GUIONES_DIR) + "/asistente-cfdi.txt");
+    std::string guion{std::istreambuf_iterator<char>(plantilla), {}};
+    guion = Replace(Replace(guion, "{DATOS}", CELDORA_SAT_CSD_DIR), "{CARPETA}", carpeta.string());
+    std::ofstream(carpeta / "guion.txt") << guion;
+
+    const Salida asistente = Celdora_("dialog dlgAsistenteConfig --console < '" + carpeta.string() + "/guion.txt'");
+
+    EXPECT_EQ(asistente.codigo, 0) << asistente.texto;
+    EXPECT_TRUE(Contiene(asistente.texto, "dlgAsistenteConfig cerrado; Aceptado: Verdadero (-1)\n")) << asistente.texto;
+    const std::string datos = CELDORA_SAT_CSD_DIR, pfx = carpeta / "CACX7605101P8.pfx";
+    EXPECT_TRUE(fs::exists(pfx));
+    const std::string cer = "FROM ut_CFDInfo WHERE uf_noCertificado='30001000000500003316'";
+    const std::pair<std::string, std::string> consultas[] = {
+        {"SELECT Numero AS v FROM gv_Configuracion WHERE Clave='NVCA300xa'", "2"},
+        {"SELECT Texto AS v FROM gv_Configuracion WHERE Clave='NVCA100'", "Escuela Kemper Urgate, S.A. de C.V."},
+        {"SELECT uf_Certificado || '|' || uf_LlavePrivada || '|' || uf_PFX AS v " + cer,
+         datos + "/csd-CACX7605101P8.cer|" + datos + "/csd-CACX7605101P8.key|" + pfx},
+        {"SELECT COUNT(*) AS v FROM BlockDocumentos WHERE uf_CFDI_Info=(SELECT Sys_PK " + cer + ")", "1"},
+    };
+    for (const auto& [consulta, valor] : consultas) {
+        EXPECT_EQ(Celdora_("call ValorCampo \"" + consulta + "\" v").texto, valor + "\n") << consulta;
+    }
 }
 
 TEST(EjemploHost, BindsTheFacadeAndAsksTheDemoCompany) {
@@ -203,8 +241,9 @@ TEST(EjemploHost, BindsTheFacadeAndAsksTheDemoCompany) {
               "TipoComprobanteAGenerar: 2\n"
               "ExisteCFD(1): -1\n"
               "PermitirAcceso(NVCA316x, grupos 3 y 7): -1\n"
-              "Tiendaro\n"
-              "[Crítico] Permiso denegado.\n"
+              "┌─ [Crítico] Tiendaro\n"
+              "│ Permiso denegado.\n"
+              "└─ Aceptar\n"
               "PermitirAcceso(NVCA316x, grupo 12): 0\n"
               "PosibleCancelar(1): 0\n"
               "  LastErrorDescript: No se pude cancelar porque el comprobante digital ya ha sido incluido en el "

@@ -13,6 +13,8 @@
 #include <utility>
 #include <vector>
 
+#include "core/cAcction.h"
+#include "core/mdlMain.h"
 #include "forms/Controles.h"
 #include "forms/Dialogo.h"
 #include "platform/console/ConsolaUi.h"
@@ -39,7 +41,7 @@ namespace f = forms;
 host::UiServices& Ui() { return host::CurrentPlatform().Ui(); }
 
 // A customer editor: a field that refuses digits, a password, a list-only
-// combo, a check box that enables a field, options in a frame, a number and
+// combo, a long one, a check box that enables a field, options in a frame, a number and
 // a date, a hidden field, and OK / Cancel buttons.
 class DlgCliente : public f::Dialogo {
 public:
@@ -48,6 +50,8 @@ public:
         cmbFP.AddItem("PAGO EN UNA SOLA EXHIBICIÓN");
         cmbFP.AddItem("CRÉDITO");
         cmbFP.ListIndex(0);
+        for (int anio = 2000; anio < 2030; ++anio) cmbAnio.AddItem(std::to_string(anio));
+        cmbAnio.ListIndex(26);
         txtSucursal.Enabled(false);
         txtSucursal.Click = [this] { ++clicsSucursal; };
         chkTimbrar.Click = [this] { txtSucursal.Enabled(chkTimbrar.Value() == 1); };
@@ -66,6 +70,7 @@ public:
     f::Label& lblAviso = Agregar<f::Label>("lblAviso", "Capture los datos del cliente.");
     f::TextBox& txtNombre = Agregar<f::TextBox>("txtNombre", "Nombre:");
     f::ComboBox& cmbFP = Agregar<f::ComboBox>("cmbFP", f::ComboBox::Estilo::SoloLista, "Forma de pago");
+    f::ComboBox& cmbAnio = Agregar<f::ComboBox>("cmbAnio", f::ComboBox::Estilo::SoloLista, "Año");
     f::CheckBox& chkTimbrar = Agregar<f::CheckBox>("chkTimbrar", "&Timbrar");
     f::TextBox& txtSucursal = Agregar<f::TextBox>("txtSucursal", "Sucursal");
     f::Frame& fraEnvio = Agregar<f::Frame>("fraEnvio", "Envío");
@@ -103,6 +108,13 @@ const std::string kDibujoCliente =
     "  cmbFP (combo) Forma de pago: PAGO EN UNA SOLA EXHIBICIÓN\n"
     "      > 1  PAGO EN UNA SOLA EXHIBICIÓN\n"
     "        2  CRÉDITO\n"
+    "  cmbAnio (combo) Año: 2026 (27 de 30)\n"
+    "        25  2024\n"
+    "        26  2025\n"
+    "      > 27  2026\n"
+    "        28  2027\n"
+    "        29  2028\n"
+    "        ... ver cmbAnio los muestra todos\n"
     "  chkTimbrar (casilla): [ ] Timbrar\n"
     "  txtSucursal (texto) Sucursal: \"\" (inhabilitado)\n"
     "  fraEnvio (marco): Envío\n"
@@ -168,20 +180,6 @@ public:
     f::CommandButton& btnNuevo = Agregar<f::CommandButton>("btnNuevo", "&Nuevo");
 };
 
-class FrmPB : public f::Dialogo {
-public:
-    FrmPB() : Dialogo("frmPB", "Progreso") {}
-    f::Label& lbltitle = Agregar<f::Label>("lbltitle", "Procesando...");
-    f::Label& lblcmd = Agregar<f::Label>("lblcmd", "Ejecutando comando...");
-    f::ProgressBar& pb = Agregar<f::ProgressBar>("pb");
-};
-
-const std::string kDibujoPB =
-    "== Progreso ==\n"
-    "  lbltitle (etiqueta): Procesando...\n"
-    "  lblcmd (etiqueta): Ejecutando comando...\n"
-    "  pb (barra): [          ] 0% (0 en 0..100)\n";
-
 // A terminal whose keyboard is a script, installed as the platform's user
 // interface.
 struct Terminal {
@@ -222,12 +220,13 @@ struct Guion : Terminal {
     Dlg dlg;
 };
 
-// The script that types these orders and what the terminal prints for them.
+// The script that types these orders and what the terminal prints for them:
+// after the prompt, the order's first line as read, then what follows.
 std::pair<std::string, std::string> Guionar(const Pasos& pasos) {
     std::pair<std::string, std::string> guion;
     for (const auto& [orden, salida] : pasos) {
         guion.first += orden + "\n";
-        guion.second += "> " + salida;
+        guion.second += "> " + orden.substr(0, orden.find('\n')) + "\n" + salida;
     }
     return guion;
 }
@@ -235,9 +234,13 @@ std::pair<std::string, std::string> Guionar(const Pasos& pasos) {
 TEST(RenderizadorConsolaOrdenes, EachOrderActsThroughTheHandlersAndPrintsWhatChanged) {
     const auto [teclado, salida] = Guionar({
         {"escribir TXTNOMBRE An4a  Ruiz", "  txtNombre (texto) Nombre: \"Ana  Ruiz\"\n"},  // KeyPress ate the digit
+        // Quotes keep a text's blanks and give the empty text; without them it runs to the end of the line.
+        {"escribir txtNombre \"  Ana Ruiz \"  ", "  txtNombre (texto) Nombre: \"  Ana Ruiz \"\n"},
+        {"escribir txtNombre \"\"", "  txtNombre (texto) Nombre: \"\"\n"},
+        {"escribir txtNombre \"sin cerrar ", "  txtNombre (texto) Nombre: \"\"sin cerrar \"\n"},
         {"escribir eNumLimite 2,500.5", "  eNumLimite (número) Límite de crédito: 2500.50\n"},
-        {"escribir eDtAlta 2026-12-01", "  eDtAlta (fecha) Alta: 01/12/2026\n"},
-        {"elegir cmbFP crédito",
+        {"escribir eDtAlta \"2026-12-01\"", "  eDtAlta (fecha) Alta: 01/12/2026\n"},
+        {"elegir cmbFP \"crédito\"",
          "  cmbFP (combo) Forma de pago: CRÉDITO\n        1  PAGO EN UNA SOLA EXHIBICIÓN\n      > 2  CRÉDITO\n"},
         {"pulsar optPapel", "  optCorreo (opción): ( ) Por correo\n  optPapel (opción): (o) En papel\n"},
         {"pulsar txtSucursal", "Error: «txtSucursal» está inhabilitado.\n"},
@@ -246,8 +249,8 @@ TEST(RenderizadorConsolaOrdenes, EachOrderActsThroughTheHandlersAndPrintsWhatCha
         {"pulsar txtSucursal", ""},
         // A box that a handler raises takes its answer from the next line.
         {"escribir txtNombre Ana", "  txtNombre (texto) Nombre: \"Ana\"\n"},
-        {"intro\nn", "[Pregunta] ¿Guardar a Ana?\n(s/n) "},
-        {"pulsar btnok\ns", "[Pregunta] ¿Guardar a Ana?\n(s/n) Se cerró «Datos del cliente».\n"},
+        {"intro\nn", "┌─ [Pregunta]\n│ ¿Guardar a Ana?\n│ (s/n) n\n└─ No\n"},
+        {"pulsar btnok\ns", "┌─ [Pregunta]\n│ ¿Guardar a Ana?\n│ (s/n) s\n└─ Sí\nSe cerró «Datos del cliente».\n"},
     });
     Guion<DlgCliente> g(teclado + "ver\n");
 
@@ -257,26 +260,34 @@ TEST(RenderizadorConsolaOrdenes, EachOrderActsThroughTheHandlersAndPrintsWhatCha
     EXPECT_EQ(g.dlg.clicsSucursal, 1) << "a field is clicked once it is enabled";
 }
 
-TEST(RenderizadorConsolaOrdenes, RefusesWhatAPersonCouldNotDoAndKeepsReading) {
+TEST(RenderizadorConsolaOrdenes, RefusesWhatAPersonCouldNotDoSayingWhatItTakesAndKeepsReading) {
     const auto [teclado, salida] = Guionar({
-        {"bailar", "Error: no conozco la orden «bailar»; escriba ayuda para ver las órdenes.\n"},
-        {"pulsar btnNada", "Error: no hay ningún control «btnNada» en «Datos del cliente».\n"},
+        {"bailar", "Error: no conozco la orden «bailar»; las órdenes son escribir, elegir, agregar, marcar, pulsar, "
+                   "doble, pagina, intro, esc, ver, cerrar, ayuda (ayuda las explica).\n"},
+        {"elegir", "Error: falta el nombre del control: elegir CONTROL N.\n"},
+        {"pulsar btnNada",
+         "Error: no hay ningún control «btnNada» en «Datos del cliente»; ver muestra los controles con su nombre.\n"},
         {"escribir txtClave 1", "Error: «txtClave» no se ve ahora (está oculto o en otra página).\n"},
         {"escribir cmbFP hola", "Error: «cmbFP» (combo) no admite escribir; elija de su lista: elegir cmbFP N.\n"},
-        {"elegir cmbFP 3", "Error: «cmbFP» no tiene el elemento «3» (elija de 1 a 2).\n"},
+        {"elegir cmbFP", "Error: falta el número del elemento de «cmbFP» (de 1 a 2, o su texto).\n"},
+        {"elegir cmbFP 3", "Error: «cmbFP» no tiene el elemento «3» (elija de 1 a 2, o su texto).\n"},
+        {"elegir cmbAnio 2030", "Error: «cmbAnio» no tiene el elemento «2030» (elija de 1 a 30, o su texto; "
+                                "ver cmbAnio los muestra todos).\n"},
         {"pulsar lblAviso", "Error: «lblAviso» (etiqueta) no se pulsa.\n"},
         {"escribir eNumLimite doce", "Error: «doce» no es un número.\n"},
     });
-    Guion<DlgCliente> g(teclado + "esc\n");
+    Guion<DlgCliente> g(teclado + "ver cmbAnio\nesc\n");
 
     // Nothing is drawn again after a refusal: no value changed.
-    EXPECT_THAT(g.out.str(), StartsWith(kDibujoCliente + salida));
-    EXPECT_THAT(g.out.str(), EndsWith("> Se cerró «Datos del cliente».\n")) << "esc pressed the cancel button";
+    EXPECT_THAT(g.out.str(), StartsWith(kDibujoCliente + salida + "> ver cmbAnio\n  cmbAnio (combo) Año: 2026"));
+    EXPECT_EQ(g.Con(" +(> )?\\d+  20\\d\\d").size(), 5u + 30u) << "the drawing shows five years, ver all of them";
+    EXPECT_THAT(g.out.str(), EndsWith("> esc\nSe cerró «Datos del cliente».\n")) << "esc pressed the cancel button";
 }
 
 TEST(RenderizadorConsolaOrdenes, PagesAddressesAndRowsAreDrawnAndActedOn) {
     Guion<DlgFolios> g(
         "escribir dom piso 3\n"
+        "escribir dom calle \"Av. Juárez \"\n"
         "pagina tabs rangos\n"
         "marcar lvwRangos 2\n"
         "marcar lvwRangos b no\n"
@@ -294,6 +305,7 @@ TEST(RenderizadorConsolaOrdenes, PagesAddressesAndRowsAreDrawnAndActedOn) {
     EXPECT_EQ(g.Con("Error: .*"),
               (Lineas{"Error: en «dom» se escribe: calle, exterior, interior, direccion, colonia, cp, telefono "
                       "o notas y el texto."}));
+    EXPECT_EQ(g.dlg.dom.Calle(), "Av. Juárez ");
     EXPECT_EQ(g.dlg.registro, "pagina 1;check 1;check 1;click 1;doble 1;");
     EXPECT_FALSE(g.dlg.lvwRangos.Item(1).checked);
     EXPECT_EQ(g.dlg.lvwRangos.SelectedItem(), 1);
@@ -321,7 +333,7 @@ TEST(RenderizadorConsolaOrdenes, PlacesAreChosenAndAddedByLevelAndAPageOutOfUseS
 TEST(RenderizadorConsolaOrdenes, EndOfInputClosesTheWindowAsItsXWouldAndARefusedCloseHidesIt) {
     const std::string fin = "> \nFin de la entrada: se cierra la ventana.\n";
     Guion<DlgCliente> terco("cerrar\n", [](DlgCliente& dlg) { dlg.dejarCerrar = false; });
-    EXPECT_EQ(terco.out.str(), kDibujoCliente + "> «Datos del cliente» no se cerró.\n" + fin +
+    EXPECT_EQ(terco.out.str(), kDibujoCliente + "> cerrar\n«Datos del cliente» no se cerró.\n" + fin +
                                    "«Datos del cliente» no se dejó cerrar; se oculta.\nSe cerró «Datos del cliente».\n");
 }
 
@@ -331,27 +343,40 @@ TEST(RenderizadorConsolaOrdenes, EachNestedModalShowingRunsItsOwnLoop) {
     EXPECT_EQ(g.Resto(), "pulsar btnNuevo\n");
     // The list, the editor over it, then the list again with the new row.
     EXPECT_EQ(g.Con("==.*|.*Se cerró.*|        1  Ana"),
-              (Lineas{"== Clientes ==", "== Datos del cliente ==", "(s/n) Se cerró «Datos del cliente».",
-                      "== Clientes ==", "        1  Ana", "Se cerró «Clientes»."}));
+              (Lineas{"== Clientes ==", "== Datos del cliente ==", "Se cerró «Datos del cliente».", "== Clientes ==",
+                      "        1  Ana", "Se cerró «Clientes»."}));
 }
 
-TEST(RenderizadorConsolaVentana, PrintsProgressOnEachTurnOfTheLoopUntilUnloaded) {
-    Terminal t("");
-    FrmPB frm;
-    frm.Show();
-    frm.lblcmd.Caption("Leyendo ventas");
-    frm.pb.Value(50);
-    t.ui.DoEvents();
-    frm.pb.Value(100);
-    t.ui.MsgBox("Listo.", Botones::Aceptar, Icono::Informacion, "");
-    frm.Unload();
-
-    EXPECT_EQ(t.out.str(),
-              kDibujoPB +
-              "lblcmd: Leyendo ventas | pb: [=====     ] 50% (50 en 0..100)\n"
-              "pb: [==========] 100% (100 en 0..100)\n"
-              "[Información] Listo.\n"
-              "Se cerró «Progreso».\n");
+// However many times a job reports, the progress window prints a line only
+// when its bar reaches a tenth it had not reached, and what is left at the
+// close: the host's own values, or the report's bar that runs in circles.
+TEST(RenderizadorConsolaVentana, ProgressPrintsALineForEachNewTenthOfTheBarAndOneAtTheClose) {
+    const struct Caso {
+        bool automatico;
+        int pasos;
+        bool completo;
+        std::size_t lineas;  // after the drawing, before the close
+        std::string ultima;
+    } casos[] = {
+        {false, 1000, true, 10, "lblcmd: Fila 1000 | pb: [==========] 100% (1000 en 0..1000)"},
+        {false, 350, false, 4, "lblcmd: Fila 350 | pb: [===       ] 35% (350 en 0..1000)"},
+        {true, 250, true, 11, "lblcmd: Fila 250 | pb: [==========] 100% (100 en 0..100)"},
+        {true, 2, true, 1, "lblcmd: Fila 2 | pb: [==========] 100% (100 en 0..100)"},
+    };
+    for (const auto& caso : casos) {
+        Terminal t("");
+        cAcction acc;
+        if (caso.automatico) mdlMain::MostrarProgreso("Generando informe mensual.");
+        for (int i = 1; i <= caso.pasos; ++i) {
+            const std::string fila = "Fila " + std::to_string(i);
+            caso.automatico ? mdlMain::AvanzarProgreso(fila) : acc.ShowProgress(fila, i, "Exportando", 0, 1000);
+        }
+        acc.CloseProgress(caso.completo);
+        const Lineas lineas = t.Limpias();
+        ASSERT_EQ(lineas.size(), 5 + caso.lineas + 1) << t.out.str();
+        EXPECT_EQ(lineas[lineas.size() - 2], caso.ultima);
+        EXPECT_EQ(lineas.back(), "Se cerró «Progreso».");
+    }
 }
 
 }  // namespace
