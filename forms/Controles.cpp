@@ -414,6 +414,8 @@ void CommandButton::Default(bool value) { Fijar(default_, value); }
 
 void CommandButton::Cancel(bool value) { Fijar(cancel_, value); }
 
+void CommandButton::Dibujo(Imagen value) { Fijar(dibujo_, value); }
+
 bool CommandButton::Pulsar() {
     if (!Accesible()) return false;
     SetFocus();

@@ -320,7 +320,14 @@ private:
 
 class CommandButton : public Control {
 public:
+    // What the picture of a button with a picture shows, beside its caption;
+    // a renderer draws it with a picture of its own for that meaning.
+    enum class Imagen { Ninguna, Configuracion, Documento, Equipo, Asistente };
+
     CommandButton(Dialogo& dialogo, std::string nombre, std::string caption);
+
+    Imagen Dibujo() const { return dibujo_; }
+    void Dibujo(Imagen value);
 
     // The button a key Enter presses, and the one Escape presses.
     bool Default() const { return default_; }
@@ -336,6 +343,7 @@ public:
 private:
     bool default_ = false;
     bool cancel_ = false;
+    Imagen dibujo_ = Imagen::Ninguna;
 };
 
 // A frame: a caption around the controls placed in it.

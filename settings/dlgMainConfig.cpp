@@ -14,6 +14,10 @@ dlgMainConfig::dlgMainConfig() : Dialogo("dlgMainConfig", "Configuración de Fac
     btnImpresiones.Click = [this] { Fachada().ConfigurarRepresentacionImpresa(); };
     btnLocal.Click = [this] { btnLocal_Click(); };
     btnAsistenteConfig.Click = [this] { Fachada().AsistenteConfiguracion(); };
+    btnConfig1.Dibujo(forms::CommandButton::Imagen::Configuracion);
+    btnImpresiones.Dibujo(forms::CommandButton::Imagen::Documento);
+    btnLocal.Dibujo(forms::CommandButton::Imagen::Equipo);
+    btnAsistenteConfig.Dibujo(forms::CommandButton::Imagen::Asistente);
     btnCerrar.Cancel(true);
     btnCerrar.Click = [this] { btnCerrar_Click(); };
 }

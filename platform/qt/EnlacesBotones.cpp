@@ -20,11 +20,21 @@ namespace celdora::platform {
 
 namespace {
 
-// The standard picture of a button drawn as one, by what it does: a browse
-// button opens a folder to pick a path from; a button without a caption is
-// known by the key that presses it, Escape closing the window and Enter
-// accepting it. None for a button of text, or one whose role is unknown.
+// The standard picture of a button drawn as one, by what it does: a button
+// whose model names its picture gets the style's picture for that meaning,
+// beside its caption; a browse button opens a folder to pick a path from; a
+// button without a caption is known by the key that presses it, Escape
+// closing the window and Enter accepting it. None for a button of text, or
+// one whose role is unknown.
 std::optional<QStyle::StandardPixmap> ImagenDeBoton(const forms::CommandButton& boton) {
+    using Imagen = forms::CommandButton::Imagen;
+    switch (boton.Dibujo()) {
+        case Imagen::Configuracion: return QStyle::SP_FileDialogDetailedView;
+        case Imagen::Documento: return QStyle::SP_FileIcon;
+        case Imagen::Equipo: return QStyle::SP_ComputerIcon;
+        case Imagen::Asistente: return QStyle::SP_ArrowForward;
+        case Imagen::Ninguna: break;
+    }
     if (boton.Caption() == "...") return QStyle::SP_DirOpenIcon;
     if (!boton.Caption().empty()) return std::nullopt;
     if (boton.Cancel()) return QStyle::SP_DialogCloseButton;
@@ -89,7 +99,10 @@ protected:
     void RefrescarPropio() override {
         const auto imagen = ImagenDeBoton(boton_);
         widget_->setIcon(imagen ? widget_->style()->standardIcon(*imagen, nullptr, widget_) : QIcon());
-        widget_->setText(imagen ? QString() : Qs(control_.Caption()));
+        // A picture stands for a browse or a captionless button's text; a
+        // button with a picture of its own keeps its caption beside it.
+        const bool conTexto = !imagen || boton_.Dibujo() != forms::CommandButton::Imagen::Ninguna;
+        widget_->setText(conTexto ? Qs(control_.Caption()) : QString());
         widget_->setAccessibleName(Qs(control_.Caption()));
         widget_->setDefault(boton_.Default());
     }

@@ -111,6 +111,13 @@ TEST_P(TodosLosDialogosQt, EveryPageShowsEveryTextWhole) {
         ASSERT_NE(ventana, nullptr);
         Captura(ventana, clase);
         for (const auto& control : dialogo->Controles()) {
+            // A button with a picture shows one beside its caption.
+            if (auto* boton = dynamic_cast<const forms::CommandButton*>(control.get());
+                boton != nullptr && boton->Dibujo() != forms::CommandButton::Imagen::Ninguna) {
+                auto* widget = qobject_cast<QPushButton*>(ventana->WidgetDe(*boton));
+                ASSERT_NE(widget, nullptr);
+                EXPECT_TRUE(!widget->icon().isNull() && !widget->text().isEmpty()) << clase << ": " << boton->Nombre();
+            }
             const forms::Control* otro = dialogo->Buscar(control->Lugar());
             if (otro == nullptr) continue;
             EXPECT_EQ(ventana->WidgetDe(*control)->geometry(), ventana->WidgetDe(*otro)->geometry()) << clase;
