@@ -112,8 +112,12 @@ std::string ValorCasilla(const forms::CheckBox& casilla) {
     return marca + SinAcceso(casilla.Caption());
 }
 
+// A button without a caption is known by the key that presses it, as its
+// picture tells in a window: a cross closes, a tick accepts.
 std::string ValorBoton(const forms::CommandButton& boton) {
-    std::string valor = "[" + SinAcceso(boton.Caption()) + "]";
+    std::string texto = SinAcceso(boton.Caption());
+    if (texto.empty()) texto = boton.Cancel() ? "×" : boton.Default() ? "✓" : "";
+    std::string valor = "[" + texto + "]";
     if (boton.Default()) valor += " (Intro)";
     if (boton.Cancel()) valor += " (Esc)";
     return valor;
