@@ -217,7 +217,7 @@ struct Parametro {
     unsigned long largo = 0;
 };
 
-void Enlazar(MYSQL_STMT* sentencia, const std::vector<Variant>& parametros, std::vector<MYSQL_BIND>& enlaces,
+void Enlazar(MYSQL_STMT* sentencia, Parametros parametros, std::vector<MYSQL_BIND>& enlaces,
              std::vector<Parametro>& datos) {
     const unsigned long esperados = mysql_stmt_param_count(sentencia);
     if (esperados != parametros.size())
@@ -433,7 +433,7 @@ MYSQL* MotorMariadb::Db() const {
     return db_;
 }
 
-Resultado MotorMariadb::Ejecutar(const std::string& sql, const std::vector<Variant>& parametros) {
+Resultado MotorMariadb::Ejecutar(const std::string& sql, Parametros parametros) {
     MYSQL* db = Db();
     // The server refuses a second statement on its own (no multi-statements
     // on this connection); the shared check refuses it with the same fault

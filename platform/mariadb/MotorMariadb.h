@@ -36,7 +36,7 @@ public:
 
     bool Abierto() const override;
     void Cerrar() override;
-    Resultado Ejecutar(const std::string& sql, const std::vector<Variant>& parametros = {}) override;
+    Resultado Ejecutar(const std::string& sql, Parametros parametros = {}) override;
     Resultado Recorrer(const std::string& sql) override;
     std::int64_t UltimaClave() override;
     std::vector<std::string> ClavePrimaria(const std::string& tabla) override;

@@ -154,10 +154,12 @@ TEST_P(ComportamientoMotor, TheRowWriterInsertsGivesTheNewKeyAndUpdatesByIt) {
     EXPECT_EQ(registro.Clave(), 2);
     EXPECT_EQ(Columna("uf_Serie"), (std::vector<Variant>{"previo", "O'K"}));
 
-    // Saving again updates that row, also when nothing changed.
+    // Saving again updates that row, also when nothing changed: every field
+    // still holds what it held and writes it again.
     registro.Campos().Item("uf_Serie")->Valor("C");
     ASSERT_TRUE(registro.Guardar()) << registro.UltimoError();
     EXPECT_EQ(Columna("uf_Serie"), (std::vector<Variant>{"previo", "C"}));
+    EXPECT_EQ(Columna("uf_NumAprobacion"), (std::vector<Variant>{Variant::Null(), Variant::Integer(9876)}));
     registro.Campos().Item("Sys_PK")->Valor(Variant::Long(77));
     EXPECT_FALSE(registro.Guardar());
     EXPECT_EQ(registro.UltimoError(), "No existe el registro 77 en la tabla " + folios + ".");
