@@ -91,7 +91,7 @@ public:
     // other statements; whether a change they make to a row not yet read
     // shows in it depends on the engine (it does on SQLite, where rows are
     // read from the tables as they are asked for; it does not on MariaDB,
-    // which holds the rows on the client).
+    // whose server makes the rows when the statement runs).
     virtual Resultado Recorrer(const std::string& sql) { return Ejecutar(sql); }
 
     // The key given to the last row this connection inserted.
