@@ -209,6 +209,10 @@ Variant DeTexto(const MYSQL_FIELD& campo, Clase clase, const char* datos, unsign
     return Variant(std::string(texto));
 }
 
+// Texts and byte arrays from this size on are sent in pieces of kPieza.
+constexpr unsigned long kLargoEnPiezas = 1UL << 20;
+constexpr unsigned long kPieza = 1UL << 20;
+
 // The storage of one bound parameter, which must outlive the execution.
 struct Parametro {
     std::int64_t entero = 0;
@@ -300,6 +304,18 @@ void Enlazar(MYSQL_STMT* sentencia, Parametros parametros, std::vector<MYSQL_BIN
         }
     }
     if (mysql_stmt_bind_param(sentencia, enlaces.data()) != 0) throw mariadb::FaultDe(sentencia);
+    // A long text or byte array goes to the server in pieces before the
+    // execution: bound as a whole, the client library would copy it into
+    // the execution's request, a second copy of a value of megabytes.
+    for (std::size_t i = 0; i < enlaces.size(); ++i) {
+        if (enlaces[i].length == nullptr || datos[i].largo < kLargoEnPiezas) continue;
+        const char* desde = static_cast<const char*>(enlaces[i].buffer);
+        for (unsigned long enviado = 0; enviado < datos[i].largo; enviado += kPieza) {
+            const unsigned long pieza = std::min(kPieza, datos[i].largo - enviado);
+            if (mysql_stmt_send_long_data(sentencia, static_cast<unsigned int>(i), desde + enviado, pieza) != 0)
+                throw mariadb::FaultDe(sentencia);
+        }
+    }
 }
 
 // The storage one result column is fetched into.

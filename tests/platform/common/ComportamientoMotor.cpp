@@ -150,6 +150,10 @@ TEST_P(ComportamientoMotor, TheRowWriterInsertsGivesTheNewKeyAndUpdatesByIt) {
     AgregarCampo(registro, "uf_Serie", "String", "O'K");
     AgregarCampo(registro, "uf_NumAprobacion", "Integer", "9876");
     AgregarCampo(registro, "uf_FechaAprobacion", "Date", Variant(DateSerial(2011, 3, 15)));
+    // A text of megabytes, as a stored report: it may travel in pieces.
+    std::string notas(5 * 512 * 1024 + 7, ' ');
+    for (std::size_t i = 0; i < notas.size(); ++i) notas[i] = static_cast<char>('a' + (i / 1000) % 26);
+    AgregarCampo(registro, "uf_Notas", "String", notas);
     ASSERT_TRUE(registro.Guardar()) << registro.UltimoError();
     EXPECT_EQ(registro.Clave(), 2);
     EXPECT_EQ(Columna("uf_Serie"), (std::vector<Variant>{"previo", "O'K"}));
@@ -160,6 +164,7 @@ TEST_P(ComportamientoMotor, TheRowWriterInsertsGivesTheNewKeyAndUpdatesByIt) {
     ASSERT_TRUE(registro.Guardar()) << registro.UltimoError();
     EXPECT_EQ(Columna("uf_Serie"), (std::vector<Variant>{"previo", "C"}));
     EXPECT_EQ(Columna("uf_NumAprobacion"), (std::vector<Variant>{Variant::Null(), Variant::Integer(9876)}));
+    EXPECT_TRUE(Valor("SELECT uf_Notas FROM " + folios + " WHERE Sys_PK=2") == Variant(notas));
     registro.Campos().Item("Sys_PK")->Valor(Variant::Long(77));
     EXPECT_FALSE(registro.Guardar());
     EXPECT_EQ(registro.UltimoError(), "No existe el registro 77 en la tabla " + folios + ".");
