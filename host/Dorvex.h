@@ -31,10 +31,14 @@ public:
     virtual std::string Tipo() const = 0;
     virtual void Nombre(const std::string& name) = 0;
     virtual std::string Nombre() const = 0;
-    virtual void ValorInicial(const Variant& value) = 0;
-    virtual Variant ValorInicial() const = 0;
-    virtual void Valor(const Variant& value) = 0;
-    virtual Variant Valor() const = 0;
+    // The values are handed out by reference, valid while the field keeps
+    // them, and taken by value, so that a caller may give a long text away
+    // (std::move) instead of having it copied: the row writer binds a
+    // field's text where the field holds it.
+    virtual void ValorInicial(Variant value) = 0;
+    virtual const Variant& ValorInicial() const = 0;
+    virtual void Valor(Variant value) = 0;
+    virtual const Variant& Valor() const = 0;
     virtual void Requerido(bool required) = 0;
     virtual bool Requerido() const = 0;
     virtual void Reservado(int reserved) = 0;

@@ -1,6 +1,7 @@
 #include "report/dlgInforme.h"
 
 #include <memory>
+#include <utility>
 
 #include "core/Mensajes.h"
 #include "core/cAcction.h"
@@ -191,10 +192,15 @@ bool dlgInforme::GenerarEnTransaccion(std::int16_t mes, std::int16_t anio, bool 
 
     mdlMain::AvanzarProgreso("Guardando registro...");
     const Date ahora = host::CurrentPlatform().Reloj().Now();
+    // The text moves into the row's field, which binds it as it stands, and
+    // the file is written from there: one copy of a report that may be tens
+    // of megabytes.
+    auto campoContenido = mdlMain::NuevoCampo("uf_Contenido", "String", Variant(), 32000, false);
+    campoContenido->Valor(Variant(std::move(contenido)));
     // The row and then the file, both tried: a file written beside a row that
     // could not be stored stays behind when the database rolls back.
-    const bool guardado = GuardarInforme(contenido, nombre, mes, anio, ahora);
-    const bool escrito = mdlMain::Utilerias().GuardarArchivoTexto(ruta, contenido);
+    const bool guardado = GuardarInforme(campoContenido, nombre, mes, anio, ahora);
+    const bool escrito = mdlMain::Utilerias().GuardarArchivoTexto(ruta, campoContenido->Valor().AsString());
     if (!guardado || !escrito) {
         Abandonar("Error al guardar archivo " + ruta);
         return false;
@@ -260,14 +266,14 @@ void dlgInforme::Abandonar(const std::string& mensaje) {
     core::Caja(mensaje, Icono::Exclamacion);
 }
 
-bool dlgInforme::GuardarInforme(const std::string& contenido, const std::string& nombre, std::int16_t mes,
-                                std::int16_t anio, Date fecha) {
+bool dlgInforme::GuardarInforme(const std::shared_ptr<host::cCampo>& contenido, const std::string& nombre,
+                                std::int16_t mes, std::int16_t anio, Date fecha) {
     auto registro = host::Crear<host::cRegistro>(host::progid::cRegistro);
     Deref(registro).Conexion(Fachada().ADOCnn);
     registro->Tabla("ut_CFDInforme");
     registro->Nuevo();
     registro->Campos().Add(mdlMain::NuevoCampo("uf_Nombre", "String", nombre, 50, true), "uf_Nombre");
-    registro->Campos().Add(mdlMain::NuevoCampo("uf_Contenido", "String", contenido, 32000, false), "uf_Contenido");
+    registro->Campos().Add(contenido, "uf_Contenido");
     registro->Campos().Add(mdlMain::NuevoCampo("uf_Mes", "Long", Variant::Long(mes), 0, true), "uf_Mes");
     registro->Campos().Add(mdlMain::NuevoCampo("uf_Anio", "Long", Variant::Long(anio), 0, true), "uf_Anio");
     registro->Campos().Add(mdlMain::NuevoCampo("uf_Fecha", "Date", fecha, 0, true), "uf_Fecha");

@@ -6,6 +6,7 @@
 // file in a folder the user chooses, all in one transaction.
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -13,6 +14,7 @@
 #include "forms/Controles.h"
 #include "forms/Dialogo.h"
 #include "host/Ado.h"
+#include "host/Dorvex.h"
 #include "value/Date.h"
 
 namespace celdora {
@@ -56,7 +58,8 @@ private:
     // Walks the month's log rows into the report text, writing each row's
     // report line back as reported; false when a row stopped the generation.
     bool RecorrerBitacora(host::Recordset& recordset, std::string& contenido);
-    bool GuardarInforme(const std::string& contenido, const std::string& nombre, std::int16_t mes,
+    // Stores the report's row; contenido is the field that holds its text.
+    bool GuardarInforme(const std::shared_ptr<host::cCampo>& contenido, const std::string& nombre, std::int16_t mes,
                         std::int16_t anio, Date fecha);
     // Rolls the generation back, closes the progress window and tells why.
     void Abandonar(const std::string& mensaje);

@@ -14,7 +14,8 @@
 #
 # An EXIT trap stops the server and removes the folder on every way out of
 # the calling script (success, failure, Ctrl-C).
-# Environment: CELDORA_MARIADB_PORT (first port to try, default 33306).
+# Environment: CELDORA_MARIADB_PORT (first port to try, default 33306);
+# CELDORA_MARIADB_OPCIONES, further options for mariadbd (split on blanks).
 
 # --- packages ---------------------------------------------------------------
 
@@ -120,10 +121,11 @@ fi
 # have, so the tests see that the adapter's session turns strict mode on
 # itself. Native AIO is off because containers often refuse it.
 log "starting mariadbd on 127.0.0.1:$port"
+# shellcheck disable=SC2086  # the further options are split on blanks
 mariadbd --no-defaults --user=root --datadir="$datadir" --socket="$socket" --port="$port" \
   --bind-address=127.0.0.1 --lower-case-table-names=1 --pid-file="$pidfile" --log-error="$errlog" \
   --skip-name-resolve --sql-mode=NO_ENGINE_SUBSTITUTION --innodb-use-native-aio=0 \
-  </dev/null >/dev/null 2>&1 &
+  ${CELDORA_MARIADB_OPCIONES:-} </dev/null >/dev/null 2>&1 &
 server_pid=$!
 
 waited=0

@@ -5,7 +5,9 @@
 // system sees (connection, recordset, data object, row writer, settings
 // store) are written over it in platform/common and shared by all engines.
 
+#include <cstddef>
 #include <cstdint>
+#include <initializer_list>
 #include <memory>
 #include <string>
 #include <vector>
@@ -42,6 +44,33 @@ struct Resultado {
     std::int64_t afectadas = 0;
 };
 
+// The values a statement binds to its "?" marks, in order, seen where they
+// already are: a vector of values, a list written at the call, or values
+// the caller points to (the row writer points to its fields' own values, so
+// that a long text is not copied on its way to the engine). It is a view:
+// it lives as an argument of the call, and the values outlive the call.
+class Parametros {
+public:
+    Parametros() = default;
+    Parametros(const std::vector<Variant>& valores) : valores_(valores.data()), cuantos_(valores.size()) {}
+    Parametros(std::initializer_list<Variant> valores) : lista_(valores), cuantos_(valores.size()) {}
+    Parametros(const std::vector<const Variant*>& referidos)
+        : referidos_(referidos.data()), cuantos_(referidos.size()) {}
+
+    std::size_t size() const { return cuantos_; }
+    bool empty() const { return cuantos_ == 0; }
+    const Variant& operator[](std::size_t i) const {
+        if (referidos_ != nullptr) return *referidos_[i];
+        return valores_ != nullptr ? valores_[i] : lista_.begin()[i];
+    }
+
+private:
+    std::initializer_list<Variant> lista_;
+    const Variant* valores_ = nullptr;
+    const Variant* const* referidos_ = nullptr;
+    std::size_t cuantos_ = 0;
+};
+
 class Motor {
 public:
     virtual ~Motor() = default;
@@ -54,7 +83,7 @@ public:
     // as 'YYYY-MM-DD HH:MM:SS' and come back as Date; binary as Bytes; an
     // empty column as Null. A failure raises a Fault with the engine's number
     // and message.
-    virtual Resultado Ejecutar(const std::string& sql, const std::vector<Variant>& parametros = {}) = 0;
+    virtual Resultado Ejecutar(const std::string& sql, Parametros parametros = {}) = 0;
 
     // Runs one statement that yields rows, and hands them as the caller
     // reads them, in pendientes, where the engine can; otherwise all at
@@ -62,7 +91,7 @@ public:
     // other statements; whether a change they make to a row not yet read
     // shows in it depends on the engine (it does on SQLite, where rows are
     // read from the tables as they are asked for; it does not on MariaDB,
-    // which holds the rows on the client).
+    // whose server makes the rows when the statement runs).
     virtual Resultado Recorrer(const std::string& sql) { return Ejecutar(sql); }
 
     // The key given to the last row this connection inserted.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <utility>
 
 #include "host/Dorvex.h"
 
@@ -13,10 +14,10 @@ public:
     std::string Tipo() const override { return tipo_; }
     void Nombre(const std::string& name) override { nombre_ = name; }
     std::string Nombre() const override { return nombre_; }
-    void ValorInicial(const Variant& value) override { valorInicial_ = value; }
-    Variant ValorInicial() const override { return valorInicial_; }
-    void Valor(const Variant& value) override { valor_ = value; }
-    Variant Valor() const override { return valor_; }
+    void ValorInicial(Variant value) override { valorInicial_ = std::move(value); }
+    const Variant& ValorInicial() const override { return valorInicial_; }
+    void Valor(Variant value) override { valor_ = std::move(value); }
+    const Variant& Valor() const override { return valor_; }
     void Requerido(bool required) override { requerido_ = required; }
     bool Requerido() const override { return requerido_; }
     void Reservado(int reserved) override { reservado_ = reserved; }

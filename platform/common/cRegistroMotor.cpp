@@ -1,5 +1,6 @@
 #include "platform/common/cRegistroMotor.h"
 
+#include <deque>
 #include <limits>
 #include <utility>
 #include <vector>
@@ -27,10 +28,9 @@ std::string NombreDeColumna(const host::cCampo& campo) {
 bool EsClave(const host::cCampo& campo) { return EqualText(NombreDeColumna(campo), cRegistroMotor::kCampoClave); }
 
 // The value a field writes: Valor, or ValorInicial while Valor is Empty.
-Variant ValorDe(const host::cCampo& campo) {
-    Variant valor = campo.Valor();
-    if (valor.IsEmpty()) return campo.ValorInicial();
-    return valor;
+const Variant& ValorDe(const host::cCampo& campo) {
+    const Variant& valor = campo.Valor();
+    return valor.IsEmpty() ? campo.ValorInicial() : valor;
 }
 
 bool EnBlanco(const Variant& valor) {
@@ -39,17 +39,19 @@ bool EnBlanco(const Variant& valor) {
 
 // The value converted to the field's type with the platform's conversions;
 // a value that does not convert raises their Fault. A text for a text field
-// is passed on as it is, without a copy: a stored report may be megabytes.
-Variant Convertido(const host::cCampo& campo, Variant valor) {
-    if (valor.IsEmpty() || valor.IsNull()) return Variant::Null();
+// needs no conversion and is bound where the field holds it, without a copy:
+// a stored report may be tens of megabytes. Converted values are kept in
+// convertidos, whose elements stay where they are as it grows.
+const Variant* Convertido(const host::cCampo& campo, const Variant& valor, std::deque<Variant>& convertidos) {
+    if (valor.IsEmpty() || valor.IsNull()) return &convertidos.emplace_back(Variant::Null());
     const std::string tipo = campo.Tipo();
     if (EqualText(tipo, "String")) {
-        if (valor.Type() == VarType::String) return valor;
-        return Variant(CStr(valor));
+        if (valor.Type() == VarType::String) return &valor;
+        return &convertidos.emplace_back(CStr(valor));
     }
-    if (EqualText(tipo, "Long")) return Variant::Long(CLng(valor));
-    if (EqualText(tipo, "Integer")) return Variant::Integer(CInt(valor));
-    if (EqualText(tipo, "Date")) return Variant(CDate(valor));
+    if (EqualText(tipo, "Long")) return &convertidos.emplace_back(Variant::Long(CLng(valor)));
+    if (EqualText(tipo, "Integer")) return &convertidos.emplace_back(Variant::Integer(CInt(valor)));
+    if (EqualText(tipo, "Date")) return &convertidos.emplace_back(CDate(valor));
     throw Rechazo{"El campo " + campo.Nombre() + " tiene un tipo desconocido: \"" + tipo + "\"."};
 }
 
@@ -104,12 +106,14 @@ void cRegistroMotor::Escribir() {
         if (campo->Requerido() && EnBlanco(ValorDe(*campo)))
             throw Rechazo{"El campo " + campo->Nombre() + " es requerido."};
 
-    std::vector<Variant> valores;
-    for (const auto& campo : columnas) valores.push_back(Convertido(*campo, ValorDe(*campo)));
+    // The parameters point to the fields' values, or to their conversions.
+    std::deque<Variant> convertidos;
+    std::vector<const Variant*> valores;
+    for (const auto& campo : columnas) valores.push_back(Convertido(*campo, ValorDe(*campo), convertidos));
 
     std::int32_t existente = 0;
     if (campoClave) {
-        const Variant valor = ValorDe(*campoClave);
+        const Variant& valor = ValorDe(*campoClave);
         if (!valor.IsEmpty() && !valor.IsNull()) existente = CLng(valor);
     }
 
@@ -119,7 +123,7 @@ void cRegistroMotor::Escribir() {
         std::string sql = "UPDATE " + tabla_ + " SET ";
         for (std::size_t i = 0; i < columnas.size(); ++i) sql += (i ? "," : "") + NombreDeColumna(*columnas[i]) + "=?";
         sql += " WHERE " + NombreDeColumna(*campoClave) + "=?";
-        valores.push_back(Variant::Long(existente));
+        valores.push_back(&convertidos.emplace_back(Variant::Long(existente)));
         if (motor.Ejecutar(sql, valores).afectadas == 0)
             throw Rechazo{"No existe el registro " + std::to_string(existente) + " en la tabla " + tabla_ + "."};
         clave_ = existente;

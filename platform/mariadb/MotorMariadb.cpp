@@ -209,6 +209,10 @@ Variant DeTexto(const MYSQL_FIELD& campo, Clase clase, const char* datos, unsign
     return Variant(std::string(texto));
 }
 
+// Texts and byte arrays from this size on are sent in pieces of kPieza.
+constexpr unsigned long kLargoEnPiezas = 1UL << 20;
+constexpr unsigned long kPieza = 1UL << 20;
+
 // The storage of one bound parameter, which must outlive the execution.
 struct Parametro {
     std::int64_t entero = 0;
@@ -217,7 +221,7 @@ struct Parametro {
     unsigned long largo = 0;
 };
 
-void Enlazar(MYSQL_STMT* sentencia, const std::vector<Variant>& parametros, std::vector<MYSQL_BIND>& enlaces,
+void Enlazar(MYSQL_STMT* sentencia, Parametros parametros, std::vector<MYSQL_BIND>& enlaces,
              std::vector<Parametro>& datos) {
     const unsigned long esperados = mysql_stmt_param_count(sentencia);
     if (esperados != parametros.size())
@@ -300,6 +304,18 @@ void Enlazar(MYSQL_STMT* sentencia, const std::vector<Variant>& parametros, std:
         }
     }
     if (mysql_stmt_bind_param(sentencia, enlaces.data()) != 0) throw mariadb::FaultDe(sentencia);
+    // A long text or byte array goes to the server in pieces before the
+    // execution: bound as a whole, the client library would copy it into
+    // the execution's request, a second copy of a value of megabytes.
+    for (std::size_t i = 0; i < enlaces.size(); ++i) {
+        if (enlaces[i].length == nullptr || datos[i].largo < kLargoEnPiezas) continue;
+        const char* desde = static_cast<const char*>(enlaces[i].buffer);
+        for (unsigned long enviado = 0; enviado < datos[i].largo; enviado += kPieza) {
+            const unsigned long pieza = std::min(kPieza, datos[i].largo - enviado);
+            if (mysql_stmt_send_long_data(sentencia, static_cast<unsigned int>(i), desde + enviado, pieza) != 0)
+                throw mariadb::FaultDe(sentencia);
+        }
+    }
 }
 
 // The storage one result column is fetched into.
@@ -342,8 +358,8 @@ void PrepararCelda(const MYSQL_FIELD& campo, Celda& celda, MYSQL_BIND& enlace) {
             enlace.buffer_length = sizeof celda.tiempo;
             return;
         default:
-            // max_length is the longest value of the stored result; a longer
-            // one (should it come) is fetched again once its length is known.
+            // max_length is the longest value of a stored result (0 for rows
+            // read from a cursor); a longer value makes the buffer grow.
             celda.bytes.resize(std::max<unsigned long>(campo.max_length, 1));
             enlace.buffer_type = MYSQL_TYPE_BLOB;
             enlace.buffer = celda.bytes.data();
@@ -352,34 +368,91 @@ void PrepararCelda(const MYSQL_FIELD& campo, Celda& celda, MYSQL_BIND& enlace) {
     }
 }
 
-Variant LeerCelda(MYSQL_STMT* sentencia, const MYSQL_FIELD& campo, Celda& celda, unsigned int indice) {
-    if (celda.nulo) return Variant::Null();
-    switch (celda.clase) {
-        case Clase::Corto:
-        case Clase::Entero:
-            return SinSigno(campo) ? DeEnteroSinSigno(static_cast<std::uint64_t>(celda.entero), celda.clase)
-                                   : DeEntero(celda.entero, celda.clase);
-        case Clase::Real:
-            return Variant(celda.real);
-        case Clase::Fecha:
-        case Clase::Hora:
-            return DeTiempo(celda.tiempo);
-        default:
-            break;
+// The rows of a prepared statement, each column fetched into its cell and
+// made a value. The statement's result is stored on the client or read
+// from a cursor on the server; the cells serve both. A statement given to
+// it is closed (and its cursor with it) once the rows end.
+class FilasPreparadas : public Cursor {
+public:
+    // Binds the columns of the statement just executed, whose descriptions
+    // go into columnas.
+    FilasPreparadas(MYSQL_STMT* sentencia, std::vector<Columna>& columnas, Sentencia propia = nullptr)
+        : sentencia_(sentencia), propia_(std::move(propia)) {
+        metadatos_.reset(mysql_stmt_result_metadata(sentencia_));
+        if (!metadatos_) throw mariadb::FaultDe(sentencia_);
+        const unsigned int cuantas = mysql_num_fields(metadatos_.get());
+        campos_ = mysql_fetch_fields(metadatos_.get());
+        celdas_.resize(cuantas);
+        enlaces_.resize(cuantas);
+        for (unsigned int i = 0; i < cuantas; ++i) {
+            columnas.push_back(ColumnaDe(campos_[i]));
+            PrepararCelda(campos_[i], celdas_[i], enlaces_[i]);
+        }
+        Enlazar();
     }
-    if (celda.largo > celda.bytes.size()) {
-        std::vector<char> entero(celda.largo);
-        MYSQL_BIND enlace{};
-        enlace.buffer_type = MYSQL_TYPE_BLOB;
-        enlace.buffer = entero.data();
-        enlace.buffer_length = entero.size();
-        unsigned long largo = 0;
-        enlace.length = &largo;
-        if (mysql_stmt_fetch_column(sentencia, &enlace, indice, 0) != 0) throw mariadb::FaultDe(sentencia);
-        return DeTexto(campo, celda.clase, entero.data(), largo);
+
+    bool Siguiente(std::vector<Variant>& fila) override {
+        if (terminadas_) return false;
+        if (reenlazar_) Enlazar();
+        const int rc = mysql_stmt_fetch(sentencia_);
+        if (rc == 1) throw mariadb::FaultDe(sentencia_);
+        if (rc == MYSQL_NO_DATA) {
+            terminadas_ = true;
+            propia_.reset();
+            return false;
+        }
+        fila.clear();
+        fila.reserve(celdas_.size());
+        for (unsigned int i = 0; i < celdas_.size(); ++i) fila.push_back(Leer(i));
+        return true;
     }
-    return DeTexto(campo, celda.clase, celda.bytes.data(), celda.largo);
-}
+
+private:
+    void Enlazar() {
+        if (mysql_stmt_bind_result(sentencia_, enlaces_.data()) != 0) throw mariadb::FaultDe(sentencia_);
+        reenlazar_ = false;
+    }
+
+    Variant Leer(unsigned int indice) {
+        const MYSQL_FIELD& campo = campos_[indice];
+        Celda& celda = celdas_[indice];
+        if (celda.nulo) return Variant::Null();
+        switch (celda.clase) {
+            case Clase::Corto:
+            case Clase::Entero:
+                return SinSigno(campo) ? DeEnteroSinSigno(static_cast<std::uint64_t>(celda.entero), celda.clase)
+                                       : DeEntero(celda.entero, celda.clase);
+            case Clase::Real:
+                return Variant(celda.real);
+            case Clase::Fecha:
+            case Clase::Hora:
+                return DeTiempo(celda.tiempo);
+            default:
+                break;
+        }
+        if (celda.largo > celda.bytes.size()) {
+            // Cut short: the cell grows to the value, which is fetched again,
+            // and the next rows are fetched into the larger cell.
+            celda.bytes.resize(celda.largo);
+            MYSQL_BIND& enlace = enlaces_[indice];
+            enlace.buffer = celda.bytes.data();
+            enlace.buffer_length = celda.bytes.size();
+            MYSQL_BIND columna = enlace;
+            if (mysql_stmt_fetch_column(sentencia_, &columna, indice, 0) != 0) throw mariadb::FaultDe(sentencia_);
+            reenlazar_ = true;
+        }
+        return DeTexto(campo, celda.clase, celda.bytes.data(), celda.largo);
+    }
+
+    MYSQL_STMT* sentencia_;
+    Sentencia propia_;
+    Metadatos metadatos_;
+    const MYSQL_FIELD* campos_ = nullptr;
+    std::vector<Celda> celdas_;
+    std::vector<MYSQL_BIND> enlaces_;
+    bool reenlazar_ = false;
+    bool terminadas_ = false;
+};
 
 // The rows of a result stored on the client, made values one at a time.
 class FilasGuardadas : public Cursor {
@@ -415,6 +488,16 @@ std::int64_t Cuenta(my_ulonglong filas) {
     return filas == static_cast<my_ulonglong>(-1) ? 0 : static_cast<std::int64_t>(filas);
 }
 
+Sentencia Preparar(MYSQL* db, const std::string& sql) {
+    Sentencia sentencia(mysql_stmt_init(db));
+    if (!sentencia) throw mariadb::FaultDe(db);
+    if (mysql_stmt_prepare(sentencia.get(), sql.data(), sql.size()) != 0) throw mariadb::FaultDe(sentencia.get());
+    return sentencia;
+}
+
+// Rows a cursor hands to the client at a time.
+constexpr unsigned long kFilasPorLote = 1000;
+
 }  // namespace
 
 MotorMariadb::MotorMariadb(MYSQL* db) : db_(db) {}
@@ -433,7 +516,7 @@ MYSQL* MotorMariadb::Db() const {
     return db_;
 }
 
-Resultado MotorMariadb::Ejecutar(const std::string& sql, const std::vector<Variant>& parametros) {
+Resultado MotorMariadb::Ejecutar(const std::string& sql, Parametros parametros) {
     MYSQL* db = Db();
     // The server refuses a second statement on its own (no multi-statements
     // on this connection); the shared check refuses it with the same fault
@@ -441,10 +524,8 @@ Resultado MotorMariadb::Ejecutar(const std::string& sql, const std::vector<Varia
     ExigirUnaSentencia(sql);
     // A statement without parameters goes as text: one round trip instead of
     // a prepare and an execute, and the same values come back.
-    if (parametros.empty()) return ComoTexto(sql, false);
-    Sentencia sentencia(mysql_stmt_init(db));
-    if (!sentencia) throw mariadb::FaultDe(db);
-    if (mysql_stmt_prepare(sentencia.get(), sql.data(), sql.size()) != 0) throw mariadb::FaultDe(sentencia.get());
+    if (parametros.empty()) return ComoTexto(sql);
+    Sentencia sentencia = Preparar(db, sql);
 
     std::vector<MYSQL_BIND> enlacesParametros;
     std::vector<Parametro> datosParametros;
@@ -457,38 +538,14 @@ Resultado MotorMariadb::Ejecutar(const std::string& sql, const std::vector<Varia
 
     if (mysql_stmt_execute(sentencia.get()) != 0) throw mariadb::FaultDe(sentencia.get());
 
-    Resultado resultado;
-    if (mysql_stmt_field_count(sentencia.get()) == 0) {
-        resultado.afectadas = Cuenta(mysql_stmt_affected_rows(sentencia.get()));
-        if (const auto clave = mysql_stmt_insert_id(sentencia.get()); clave != 0)
-            ultimaClave_ = static_cast<std::int64_t>(clave);
-        return resultado;
-    }
+    if (mysql_stmt_field_count(sentencia.get()) == 0) return SinFilas(sentencia.get());
 
     if (mysql_stmt_store_result(sentencia.get()) != 0) throw mariadb::FaultDe(sentencia.get());
-    Metadatos metadatos(mysql_stmt_result_metadata(sentencia.get()));
-    if (!metadatos) throw mariadb::FaultDe(sentencia.get());
-    const unsigned int columnas = mysql_num_fields(metadatos.get());
-    const MYSQL_FIELD* campos = mysql_fetch_fields(metadatos.get());
-
+    Resultado resultado;
     resultado.tieneFilas = true;
-    std::vector<Celda> celdas(columnas);
-    std::vector<MYSQL_BIND> enlaces(columnas);
-    for (unsigned int i = 0; i < columnas; ++i) {
-        resultado.columnas.push_back(ColumnaDe(campos[i]));
-        PrepararCelda(campos[i], celdas[i], enlaces[i]);
-    }
-    if (mysql_stmt_bind_result(sentencia.get(), enlaces.data()) != 0) throw mariadb::FaultDe(sentencia.get());
-
-    for (;;) {
-        const int rc = mysql_stmt_fetch(sentencia.get());
-        if (rc == MYSQL_NO_DATA) break;
-        if (rc == 1) throw mariadb::FaultDe(sentencia.get());
-        std::vector<Variant> fila;
-        fila.reserve(columnas);
-        for (unsigned int i = 0; i < columnas; ++i) fila.push_back(LeerCelda(sentencia.get(), campos[i], celdas[i], i));
-        resultado.filas.push_back(std::move(fila));
-    }
+    FilasPreparadas filas(sentencia.get(), resultado.columnas);
+    std::vector<Variant> fila;
+    while (filas.Siguiente(fila)) resultado.filas.push_back(std::move(fila));
     // A procedure's call ends with a status result of its own; reading past
     // it keeps the connection ready for the next statement.
     while (mysql_stmt_more_results(sentencia.get())) {
@@ -500,7 +557,14 @@ Resultado MotorMariadb::Ejecutar(const std::string& sql, const std::vector<Varia
     return resultado;
 }
 
-Resultado MotorMariadb::ComoTexto(const std::string& sql, bool alCaminar) {
+Resultado MotorMariadb::SinFilas(MYSQL_STMT* sentencia) {
+    Resultado resultado;
+    resultado.afectadas = Cuenta(mysql_stmt_affected_rows(sentencia));
+    if (const auto clave = mysql_stmt_insert_id(sentencia); clave != 0) ultimaClave_ = static_cast<std::int64_t>(clave);
+    return resultado;
+}
+
+Resultado MotorMariadb::ComoTexto(const std::string& sql) {
     MYSQL* db = Db();
     if (mysql_real_query(db, sql.data(), sql.size()) != 0) throw mariadb::FaultDe(db);
 
@@ -515,13 +579,9 @@ Resultado MotorMariadb::ComoTexto(const std::string& sql, bool alCaminar) {
         const unsigned int columnas = mysql_num_fields(filas.get());
         const MYSQL_FIELD* campos = mysql_fetch_fields(filas.get());
         for (unsigned int i = 0; i < columnas; ++i) resultado.columnas.push_back(ColumnaDe(campos[i]));
-        auto guardadas = std::make_unique<FilasGuardadas>(std::move(filas));
-        if (alCaminar) {
-            resultado.pendientes = std::move(guardadas);
-        } else {
-            std::vector<Variant> valores;
-            while (guardadas->Siguiente(valores)) resultado.filas.push_back(std::move(valores));
-        }
+        FilasGuardadas guardadas(std::move(filas));
+        std::vector<Variant> valores;
+        while (guardadas.Siguiente(valores)) resultado.filas.push_back(std::move(valores));
     }
     while (mysql_more_results(db)) {
         const int rc = mysql_next_result(db);
@@ -532,11 +592,36 @@ Resultado MotorMariadb::ComoTexto(const std::string& sql, bool alCaminar) {
     return resultado;
 }
 
-// The rows stay as the server sent them until each is asked for.
 Resultado MotorMariadb::Recorrer(const std::string& sql) {
-    Db();
+    MYSQL* db = Db();
     ExigirUnaSentencia(sql);
-    return ComoTexto(sql, true);
+    Sentencia sentencia = Preparar(db, sql);
+    const unsigned long soloLectura = CURSOR_TYPE_READ_ONLY;
+    const unsigned long lote = kFilasPorLote;
+    const my_bool calcularLargos = 1;
+    if (mysql_stmt_attr_set(sentencia.get(), STMT_ATTR_CURSOR_TYPE, &soloLectura) != 0 ||
+        mysql_stmt_attr_set(sentencia.get(), STMT_ATTR_PREFETCH_ROWS, &lote) != 0 ||
+        mysql_stmt_attr_set(sentencia.get(), STMT_ATTR_UPDATE_MAX_LENGTH, &calcularLargos) != 0)
+        throw mariadb::FaultDe(sentencia.get());
+    if (mysql_stmt_execute(sentencia.get()) != 0) throw mariadb::FaultDe(sentencia.get());
+    if (mysql_stmt_field_count(sentencia.get()) == 0) return SinFilas(sentencia.get());
+
+    unsigned int estado = 0;
+    const bool conCursor = mariadb_get_infov(db, MARIADB_CONNECTION_SERVER_STATUS, &estado) == 0 &&
+                           (estado & SERVER_STATUS_CURSOR_EXISTS) != 0;
+    Resultado resultado;
+    resultado.tieneFilas = true;
+    MYSQL_STMT* crudo = sentencia.get();
+    auto filas = std::make_unique<FilasPreparadas>(crudo, resultado.columnas, std::move(sentencia));
+    if (conCursor) {
+        resultado.pendientes = std::move(filas);
+    } else {
+        // Without a cursor the client library has stored the rows already,
+        // and the connection is free only once they are read.
+        std::vector<Variant> fila;
+        while (filas->Siguiente(fila)) resultado.filas.push_back(std::move(fila));
+    }
+    return resultado;
 }
 
 std::int64_t MotorMariadb::UltimaClave() {

@@ -105,7 +105,10 @@ std::string ConFilasEncontradas(const std::string& cadena) {
 // --- parameters --------------------------------------------------------------
 
 // One bound value; its storage must stay put from SQLBindParameter to
-// SQLExecute, so the parameters live in a vector sized once.
+// SQLExecute, so the parameters live in a vector sized once. A text or a
+// byte array is bound where the caller's value holds it, without a copy (a
+// stored report may be tens of megabytes); only a date written as text has
+// its text here.
 struct Parametro {
     SQLSMALLINT tipoC = SQL_C_CHAR;
     SQLSMALLINT tipoSql = SQL_VARCHAR;
@@ -116,9 +119,14 @@ struct Parametro {
     SQLINTEGER entero = 0;
     double real = 0;
     SQL_TIMESTAMP_STRUCT fecha{};
-    std::string texto;
-    Bytes bytes;
+    std::string textoPropio;
+    const void* ajenos = nullptr;  // the caller's text or bytes
+    std::size_t largo = 0;
 
+    void Referir(const void* datos, std::size_t cuantos) {
+        ajenos = datos;
+        largo = cuantos;
+    }
     SQLPOINTER Datos() {
         switch (tipoC) {
             case SQL_C_SSHORT:
@@ -131,14 +139,15 @@ struct Parametro {
                 return &fecha;
             case SQL_C_BINARY:
                 // An empty array still needs a buffer for its zero bytes.
-                return bytes.empty() ? static_cast<SQLPOINTER>(&corto) : bytes.data();
+                return largo == 0 ? static_cast<SQLPOINTER>(&corto) : const_cast<void*>(ajenos);
             default:
-                return indicador == SQL_NULL_DATA ? nullptr : texto.data();
+                if (indicador == SQL_NULL_DATA) return nullptr;
+                return ajenos != nullptr ? const_cast<void*>(ajenos) : textoPropio.data();
         }
     }
     SQLLEN LargoDeBuffer() const {
-        if (tipoC == SQL_C_CHAR) return static_cast<SQLLEN>(texto.size());
-        if (tipoC == SQL_C_BINARY) return static_cast<SQLLEN>(bytes.size());
+        if (tipoC == SQL_C_CHAR) return static_cast<SQLLEN>(ajenos != nullptr ? largo : textoPropio.size());
+        if (tipoC == SQL_C_BINARY) return static_cast<SQLLEN>(largo);
         return 0;
     }
 };
@@ -195,9 +204,9 @@ Parametro PrepararParametro(const Variant& valor, MotorOdbc::Sistema sistema, SQ
                 // SQLite keeps dates as text; its driver would write a
                 // timestamp with milliseconds, which the system's glued
                 // comparisons and the embedded engine do not expect.
-                p.texto = TextoDeFecha(valor.AsDate());
-                p.tamano = p.texto.size();
-                p.indicador = static_cast<SQLLEN>(p.texto.size());
+                p.textoPropio = TextoDeFecha(valor.AsDate());
+                p.tamano = p.textoPropio.size();
+                p.indicador = static_cast<SQLLEN>(p.textoPropio.size());
                 break;
             }
             const DateParts partes = SplitDate(valor.AsDate());
@@ -213,24 +222,27 @@ Parametro PrepararParametro(const Variant& valor, MotorOdbc::Sistema sistema, SQ
             break;
         }
         case VarType::String: {
-            p.texto = valor.AsString();
-            const bool largo = p.texto.size() > kLargoCorto;
+            const std::string& texto = valor.AsString();
+            p.Referir(texto.data(), texto.size());
+            const bool largo = texto.size() > kLargoCorto;
             // SQL Server keeps the library's texts in NVARCHAR columns: a
             // Unicode type makes the driver send every character, not only
             // those of the server's code page.
             if (sistema == MotorOdbc::Sistema::SqlServer) p.tipoSql = largo ? SQL_WLONGVARCHAR : SQL_WVARCHAR;
             else p.tipoSql = largo ? SQL_LONGVARCHAR : SQL_VARCHAR;
-            p.tamano = std::max<SQLULEN>(p.texto.size(), 1);
-            p.indicador = static_cast<SQLLEN>(p.texto.size());
+            p.tamano = std::max<SQLULEN>(texto.size(), 1);
+            p.indicador = static_cast<SQLLEN>(texto.size());
             break;
         }
-        case VarType::Bytes:
-            p.bytes = valor.AsBytes();
+        case VarType::Bytes: {
+            const Bytes& bytes = valor.AsBytes();
+            p.Referir(bytes.data(), bytes.size());
             p.tipoC = SQL_C_BINARY;
-            p.tipoSql = p.bytes.size() > kLargoCorto ? SQL_LONGVARBINARY : SQL_VARBINARY;
-            p.tamano = std::max<SQLULEN>(p.bytes.size(), 1);
-            p.indicador = static_cast<SQLLEN>(p.bytes.size());
+            p.tipoSql = bytes.size() > kLargoCorto ? SQL_LONGVARBINARY : SQL_VARBINARY;
+            p.tamano = std::max<SQLULEN>(bytes.size(), 1);
+            p.indicador = static_cast<SQLLEN>(bytes.size());
             break;
+        }
         case VarType::Object:
             throw TypeMismatch();
     }
@@ -584,7 +596,7 @@ void* MotorOdbc::Conexion() const {
     return conexion_;
 }
 
-Resultado MotorOdbc::Ejecutar(const std::string& sql, const std::vector<Variant>& parametros) {
+Resultado MotorOdbc::Ejecutar(const std::string& sql, Parametros parametros) {
     SQLHDBC conexion = Conexion();
     // The one defence against statements glued after a value; the driver
     // sees the statement without its ending ";", which not every engine

@@ -39,7 +39,7 @@ public:
 
     bool Abierto() const override;
     void Cerrar() override;
-    Resultado Ejecutar(const std::string& sql, const std::vector<Variant>& parametros = {}) override;
+    Resultado Ejecutar(const std::string& sql, Parametros parametros = {}) override;
     // The key of the last insert, asked of the database in its own words:
     // LAST_INSERT_ID() on MySQL, last_insert_rowid() on SQLite, @@IDENTITY on
     // SQL Server and Access. Another system raises Fault 3251.

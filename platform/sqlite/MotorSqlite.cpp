@@ -65,7 +65,7 @@ std::string PrimeraLinea(const char* p, const char* fin) {
 
 // Texts and bytes are bound without a copy: the parameters outlive the
 // statement, which is stepped and finalized before Ejecutar returns.
-void Enlazar(sqlite3* db, sqlite3_stmt* sentencia, const std::vector<Variant>& parametros) {
+void Enlazar(sqlite3* db, sqlite3_stmt* sentencia, Parametros parametros) {
     const int esperados = sqlite3_bind_parameter_count(sentencia);
     if (esperados != static_cast<int>(parametros.size()))
         throw Fault{SQLITE_RANGE, "The statement takes " + std::to_string(esperados) + " parameters and " +
@@ -266,7 +266,7 @@ private:
 };
 
 // Runs a prepared statement to its end with its parameters.
-Resultado Correr(sqlite3* db, Preparada preparada, const std::vector<Variant>& parametros) {
+Resultado Correr(sqlite3* db, Preparada preparada, Parametros parametros) {
     Enlazar(db, preparada.sentencia.get(), parametros);
 
     Resultado resultado = std::move(preparada.resultado);
@@ -281,7 +281,7 @@ Resultado Correr(sqlite3* db, Preparada preparada, const std::vector<Variant>& p
 
 }  // namespace
 
-Resultado MotorSqlite::Ejecutar(const std::string& sql, const std::vector<Variant>& parametros) {
+Resultado MotorSqlite::Ejecutar(const std::string& sql, Parametros parametros) {
     sqlite3* db = Db();
     return Correr(db, Preparar(db, sql), parametros);
 }

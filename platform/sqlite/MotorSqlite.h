@@ -30,7 +30,7 @@ public:
 
     bool Abierto() const override;
     void Cerrar() override;
-    Resultado Ejecutar(const std::string& sql, const std::vector<Variant>& parametros = {}) override;
+    Resultado Ejecutar(const std::string& sql, Parametros parametros = {}) override;
     // The rows are stepped as they are read, from the tables as they stand
     // then: a change this connection makes meanwhile to a row not yet read
     // may show in it, and a row it changes may come again.

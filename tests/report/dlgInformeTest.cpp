@@ -75,6 +75,7 @@ TEST_F(Generacion, AMonthIsNormalisedStoredMarkedAndWrittenInOneTransaction) {
                       "INSERT INTO ut_CFDInforme (uf_Nombre,uf_Contenido,uf_Mes,uf_Anio,uf_Fecha) VALUES "
                       "(?,?,?,?,?)"}));
     EXPECT_EQ(Contenido(11), kNoviembre);
+    EXPECT_EQ(testing::LeerArchivo(Archivo("1EKU9003173C9112026")), kNoviembre);
     EXPECT_EQ(Texto("SELECT '' || uf_Fecha FROM ut_CFDInforme WHERE uf_Mes=11"), "2026-11-22 10:30:00");
     EXPECT_EQ(Estado(), (Textos{"i " + generado, "llamadas: Iniciar Confirmar", "11001101",
                                 kInformesDemo + "; 3 11/2026 1EKU9003173C9112026"}));
@@ -154,7 +155,7 @@ TEST_F(Generacion, AReportTheDatabaseRefusesIsToldTwiceAndItsFileStaysBehind) {
             {"! Error al guardar Informe. cannot modify ut_CFDInforme because it is a view",
              "! Error al guardar archivo " + Archivo("1EKU9003173C9112026").string()});
     // The file is written after the row all the same; only the database rolls back.
-    EXPECT_TRUE(fs::exists(Archivo("1EKU9003173C9112026")));
+    EXPECT_EQ(testing::LeerArchivo(Archivo("1EKU9003173C9112026")), kNoviembre);
     EXPECT_EQ(Linea(6), kLinea6);
 }
 

@@ -19,7 +19,7 @@ public:
 
     bool Abierto() const override { return real_.Abierto(); }
     void Cerrar() override {}
-    platform::Resultado Ejecutar(const std::string& sql, const std::vector<Variant>& parametros) override {
+    platform::Resultado Ejecutar(const std::string& sql, platform::Parametros parametros) override {
         sentencias.push_back(sql);
         if (sql == "Select UUID() as GUID;") return Sonda(dialecto_ == Dialecto::MySql);
         if (sql == "SELECT NEWID() as sGUID;") return Sonda(dialecto_ == Dialecto::SqlServer);

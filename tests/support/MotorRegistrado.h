@@ -17,7 +17,7 @@ public:
 
     bool Abierto() const override { return real_->Abierto(); }
     void Cerrar() override { real_->Cerrar(); }
-    platform::Resultado Ejecutar(const std::string& sql, const std::vector<Variant>& parametros) override {
+    platform::Resultado Ejecutar(const std::string& sql, platform::Parametros parametros) override {
         sentencias->push_back(sql);
         return real_->Ejecutar(sql, parametros);
     }

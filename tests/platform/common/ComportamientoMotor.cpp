@@ -150,17 +150,56 @@ TEST_P(ComportamientoMotor, TheRowWriterInsertsGivesTheNewKeyAndUpdatesByIt) {
     AgregarCampo(registro, "uf_Serie", "String", "O'K");
     AgregarCampo(registro, "uf_NumAprobacion", "Integer", "9876");
     AgregarCampo(registro, "uf_FechaAprobacion", "Date", Variant(DateSerial(2011, 3, 15)));
+    // A text of megabytes, as a stored report: it may travel in pieces.
+    std::string notas(5 * 512 * 1024 + 7, ' ');
+    for (std::size_t i = 0; i < notas.size(); ++i) notas[i] = static_cast<char>('a' + (i / 1000) % 26);
+    AgregarCampo(registro, "uf_Notas", "String", notas);
     ASSERT_TRUE(registro.Guardar()) << registro.UltimoError();
     EXPECT_EQ(registro.Clave(), 2);
     EXPECT_EQ(Columna("uf_Serie"), (std::vector<Variant>{"previo", "O'K"}));
 
-    // Saving again updates that row, also when nothing changed.
+    // Saving again updates that row, also when nothing changed: every field
+    // still holds what it held and writes it again.
     registro.Campos().Item("uf_Serie")->Valor("C");
     ASSERT_TRUE(registro.Guardar()) << registro.UltimoError();
     EXPECT_EQ(Columna("uf_Serie"), (std::vector<Variant>{"previo", "C"}));
+    EXPECT_EQ(Columna("uf_NumAprobacion"), (std::vector<Variant>{Variant::Null(), Variant::Integer(9876)}));
+    EXPECT_TRUE(Valor("SELECT uf_Notas FROM " + folios + " WHERE Sys_PK=2") == Variant(notas));
     registro.Campos().Item("Sys_PK")->Valor(Variant::Long(77));
     EXPECT_FALSE(registro.Guardar());
     EXPECT_EQ(registro.UltimoError(), "No existe el registro 77 en la tabla " + folios + ".");
+}
+
+// The monthly report's walk: rows read forward while the same connection
+// updates each one in a transaction (a cursor on the server hands them in
+// batches of a thousand). Every row comes once, with its value from before
+// its update.
+TEST_P(ComportamientoMotor, AForwardWalkReadsEveryRowOnceWhileTheConnectionWrites) {
+    // Notes of growing and shrinking lengths, for the cells that take them.
+    std::string insercion = "INSERT INTO " + folios + " (uf_FolioInicial, uf_Notas) VALUES (0,'')";
+    std::size_t esperado = 0;
+    for (int i = 1; i < 2500; ++i) {
+        insercion += ",(" + std::to_string(i) + ",'" + std::string(i * 7 % 300, 'n') + "')";
+        esperado += i + i * 7 % 300;
+    }
+    Ejecutar(insercion);
+    Motor& motor = cnn->motor();
+    motor.IniciarTransaccion();
+    Resultado recorrido =
+        motor.Recorrer("SELECT Sys_PK, uf_FolioInicial, uf_Notas FROM " + folios + " ORDER BY Sys_PK");
+    std::size_t leidas = 0, suma = 0;
+    auto visitar = [&](const std::vector<Variant>& fila) {
+        ++leidas;
+        suma += CLng(fila[1]) + CStr(fila[2]).size();
+        motor.Ejecutar("UPDATE " + folios + " SET uf_FolioInicial=0, uf_Serie='r' WHERE Sys_PK=?", {fila[0]});
+    };
+    for (const auto& fila : recorrido.filas) visitar(fila);
+    for (std::vector<Variant> fila; recorrido.pendientes && recorrido.pendientes->Siguiente(fila);) visitar(fila);
+    motor.ConfirmarTransaccion();
+    EXPECT_EQ(leidas, 2500u);
+    EXPECT_EQ(suma, esperado);
+    EXPECT_EQ(Valor("SELECT COUNT(*) FROM " + folios + " WHERE uf_Serie='r' AND uf_FolioInicial=0"),
+              Variant::Long(2500));
 }
 
 TEST_P(ComportamientoMotor, FaultsCarryTheEnginesNumberAndMessage) {
