@@ -106,6 +106,7 @@ TEST_F(FormaDeFacturacion, TheSummaryGivesItsTextsTrimmed) {
     platform.ui.AlMostrar("dlgFormaFacturacionHordana", [](forms::Dialogo& d) {
         Pulsar(d, "optResumido");
         Campo(d, "txtConcepto").Text("  SERVICIO DE BANQUETE ");
+        EXPECT_TRUE(d.Ver<forms::CommandButton>("btnAceptar").Default()) << "Enter accepts";
         Aceptar(d);
     });
     const auto c = acc.FormaGenerarComprobanteHordana();
