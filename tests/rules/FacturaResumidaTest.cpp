@@ -71,8 +71,7 @@ TEST_F(FacturaResumida, AFailureAfterTheDeleteShowsTheProcedure) {
 
 // The dialog that chooses the form: both texts are demanded whichever option
 // is on, the detailed form gives no texts, and the pointer is the normal one
-// while the dialog is up. The summary's texts coming back trimmed are
-// asserted by the Qt suite.
+// while the dialog is up; the summary gives its texts trimmed.
 class FormaDeFacturacion : public testing::FachadaDemo {
 protected:
     static forms::TextBox& Campo(forms::Dialogo& d, const char* nombre) { return d.Ver<forms::TextBox>(nombre); }
@@ -101,6 +100,19 @@ TEST_F(FormaDeFacturacion, DemandsBothTextsOnTheDetailedFormAndGivesNoTexts) {
     ASSERT_EQ(platform.ui.Cajas().size(), 2u);
     platform.ui.ExpectCaja(0, "Escriba la descripción del concepto a facturar.", Icono::Informacion);
     platform.ui.ExpectCaja(1, "Escriba la descripción del concepto sin impuestos a facturar.", Icono::Informacion);
+}
+
+TEST_F(FormaDeFacturacion, TheSummaryGivesItsTextsTrimmed) {
+    platform.ui.AlMostrar("dlgFormaFacturacionHordana", [](forms::Dialogo& d) {
+        Pulsar(d, "optResumido");
+        Campo(d, "txtConcepto").Text("  SERVICIO DE BANQUETE ");
+        EXPECT_TRUE(d.Ver<forms::CommandButton>("btnAceptar").Default()) << "Enter accepts";
+        Aceptar(d);
+    });
+    const auto c = acc.FormaGenerarComprobanteHordana();
+    ASSERT_NE(c, nullptr);
+    EXPECT_TRUE(c->Resumido);
+    EXPECT_EQ(c->ConceptoResumido + "|" + c->ConceptoResumidoCeroIVA, "SERVICIO DE BANQUETE|OTROS CONCEPTOS SIN IVA");
 }
 
 }  // namespace

@@ -1,21 +1,16 @@
-// The first dialogs of the system, and the CBB range editor, opened through the facade's members and
-// drawn by the Qt renderer: a person types and clicks on the real widgets,
-// and the member gives back what the dialog's model made of it.
+// Dialogs of the facade's members drawn by the Qt renderer where the renderer
+// does more than forward clicks and keys: the save form behind the file
+// picker, and a picture read from the database. What the dialogs make of a
+// person's input is tested on their models.
 
 #include <gtest/gtest.h>
 
-#include <QComboBox>
 #include <QFileDialog>
 #include <QLabel>
-#include <QLineEdit>
-#include <QProgressBar>
 #include <QPushButton>
-#include <QRadioButton>
 #include <QTest>
 
 #include "core/cAcction.h"
-#include "core/mdlMain.h"
-#include "rules/cConceptoFacHordana.h"
 #include "tests/cbb/EditorCBB.h"
 #include "tests/platform/qt/PruebaQt.h"
 #include "tests/support/CarpetaTemporal.h"
@@ -30,62 +25,7 @@ protected:
     PlataformaQt qt;
     Vigilante vigilante;
     cAcction acc;
-
-    void TearDown() override { mdlMain::CerrarProgreso(false); }
 };
-
-TEST_F(DialogosReglasQt, SummaryBillingChosenOnTheWidgetsComesBackWithItsTexts) {
-    AlAparecer([&] {
-        platform::VentanaQt* v = VentanaActiva();
-        ASSERT_NE(v, nullptr);
-        EXPECT_EQ(v->windowTitle(), "Opciones de generación del comprobante");
-        auto* resumido = Widget<QRadioButton>(v, "optResumido");
-        QTest::mouseClick(resumido, Qt::LeftButton, {}, QPoint(6, resumido->height() / 2));
-        // The person types over the text the field holds.
-        auto* concepto = Widget<QLineEdit>(v, "txtConcepto");
-        concepto->selectAll();
-        Teclear(concepto, QStringLiteral("  SERVICIO DE BANQUETE "));
-        QTest::keyClick(concepto, Qt::Key_Return);
-    });
-    const auto conceptos = acc.FormaGenerarComprobanteHordana();
-    ASSERT_NE(conceptos, nullptr);
-    EXPECT_TRUE(conceptos->Resumido);
-    EXPECT_EQ(conceptos->ConceptoResumido, "SERVICIO DE BANQUETE");
-    EXPECT_EQ(conceptos->ConceptoResumidoCeroIVA, "OTROS CONCEPTOS SIN IVA");
-}
-
-TEST_F(DialogosReglasQt, TheProgressWindowShowsTheBarWithoutWaiting) {
-    acc.ShowProgress("Timbrando la factura A-101", 30, "Timbrado", 0, 100);
-    const auto ventanas = VentanasDe("frmPB");
-    ASSERT_EQ(ventanas.size(), 1u);
-    platform::VentanaQt* v = ventanas.front();
-    EXPECT_EQ(v->windowTitle(), "Progreso");
-    EXPECT_EQ(Widget<QLabel>(v, "lbltitle")->text(), "Timbrado");
-    EXPECT_EQ(Widget<QLabel>(v, "lblinfo")->text(), "Este proceso puede tardar varios minutos. Por favor espere...");
-    EXPECT_EQ(Widget<QProgressBar>(v, "pb")->value(), 30);
-    acc.CloseProgress(true);
-    EXPECT_TRUE(VentanasDe("frmPB").empty());
-}
-
-TEST_F(DialogosReglasQt, TheMailAddressAndThePaymentFormComeBackAsTypedOrChosen) {
-    AlAparecer([] {
-        platform::VentanaQt* v = VentanaActiva();
-        EXPECT_EQ(v->windowTitle(), "Dirección de correo del destinatario.");
-        auto* direccion = Widget<QLineEdit>(v, "Text");
-        direccion->selectAll();
-        Teclear(direccion, QStringLiteral("ventas@hordana.mx; pagos@hordana.mx"));
-        QTest::mouseClick(Widget<QPushButton>(v, "btnOK"), Qt::LeftButton);
-    });
-    EXPECT_EQ(acc.getAddress("cliente@correo.mx"), "ventas@hordana.mx; pagos@hordana.mx");
-
-    AlAparecer([] {
-        platform::VentanaQt* v = VentanaActiva();
-        EXPECT_EQ(v->windowTitle(), "Forma de pago");
-        QTest::keyClick(Widget<QComboBox>(v, "cmbFP"), Qt::Key_Down);
-        QTest::mouseClick(Widget<QPushButton>(v, "btnOK"), Qt::LeftButton);
-    });
-    EXPECT_EQ(acc.SolicitarFormaPago(), "CRÉDITO");
-}
 
 TEST_F(DialogosReglasQt, SaveAsGivesThePathChosenInThePicker) {
     CarpetaTemporal carpeta;
