@@ -46,7 +46,10 @@ std::string Cantidad(std::size_t n, const char* una, const char* varias) {
 // closes it.
 std::string Etiqueta(const std::string& caption) {
     std::string etiqueta = Trim(SinAcceso(caption));
-    if (!etiqueta.empty() && etiqueta.back() == ':') etiqueta.pop_back();
+    // The value follows a colon of its own: a caption's closing colon or
+    // full stop (not an ellipsis) would stand before it.
+    const bool punto = etiqueta.size() >= 2 && etiqueta.back() == '.' && etiqueta[etiqueta.size() - 2] != '.';
+    if (!etiqueta.empty() && (etiqueta.back() == ':' || punto)) etiqueta.pop_back();
     return etiqueta;
 }
 

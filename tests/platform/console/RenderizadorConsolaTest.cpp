@@ -76,7 +76,7 @@ public:
     f::Frame& fraEnvio = Agregar<f::Frame>("fraEnvio", "Envío");
     f::OptionButton& optCorreo = Agregar<f::OptionButton>("optCorreo", "Por correo", true);
     f::OptionButton& optPapel = Agregar<f::OptionButton>("optPapel", "En papel");
-    f::NumberField& eNumLimite = Agregar<f::NumberField>("eNumLimite", "Límite de crédito");
+    f::NumberField& eNumLimite = Agregar<f::NumberField>("eNumLimite", "Límite de crédito.");
     f::DateField& eDtAlta = Agregar<f::DateField>("eDtAlta", "Alta");
     f::TextBox& txtClave = Agregar<f::TextBox>("txtClave", "Clave");
     f::CommandButton& btnOK = Agregar<f::CommandButton>("btnOK", "&Aceptar");
