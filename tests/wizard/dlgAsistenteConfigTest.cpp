@@ -288,6 +288,25 @@ TEST_F(Asistente, ASaveStoppedAtTheRegimesKeepsWhatRanBeforeAndStaysOpen) {
                       "NVCA328x"}));
 }
 
+// The picker takes the filter of the report and template types; the strip
+// type leaves it as the last browse set it. It opens in the repository.
+TEST_F(Asistente, TheFilePickerKeepsTheLastFilterForTheStripType) {
+    for (int i = 0; i < 3; ++i) platform.ui.Elegir(std::nullopt);
+    Abrir([&](D& d) {
+        Adelante(d, cCFDI, D::kFormatosImpresion);
+        for (double tipo : {3.0, 2.0, 1.0}) {
+            for (int i = 0; i < d.cmbTipo.ListCount(); ++i) {
+                if (d.cmbTipo.ItemData(i) == tipo) d.cmbTipo.ListIndex(i);
+            }
+            d.archivos.btnExaminar0.Pulsar();
+        }
+    });
+    Textos filtros;
+    for (const auto& s : platform.ui.Selecciones()) filtros.push_back(s.filtro + " en " + s.carpeta);
+    EXPECT_EQ(filtros, (Textos{"Plantilla *.txf|*.txf en /srv/celdora", "Plantilla *.txf|*.txf en /srv/celdora",
+                               "Formato de reporte de Nudovia *.xpd|*.xpd en /srv/celdora"}));
+}
+
 // With the company's table gone both forms fail, the second one written
 // for the dialect whose isnull takes two arguments.
 TEST_F(Asistente, TheCertifiedCfdiIsLookedForInTheSecondFormWhenTheFirstFails) {
