@@ -155,16 +155,18 @@ TEST_F(ConfiguracionLocal, ThePasswordIsWrittenAsItsDigestOnlyWhenItChangedAndCa
     Abrir([](dlgLocal& d) {
         d.cuenta.chktimbrar.Pulsar();
         d.cuenta.txtUsuario.Escribir("demo");
+        d.cuenta.txtSucursal.Escribir("7");
         d.cuenta.txtPWD.Escribir("secreta");
         d.cuenta.txtPWDRep.Escribir("secreta");
         d.btnOK.Pulsar();
     });
     EXPECT_EQ(almacen->escrituras, (Textos{"FE_CopiaLocal=/respaldos", "FE_Timbrar=0",
-                                           "FE_Timbre001=psecfdi.edicom.cMain", "FE_Timbre002=demo", "FE_Timbre003=",
+                                           "FE_Timbre001=psecfdi.edicom.cMain", "FE_Timbre002=demo", "FE_Timbre003=7",
                                            "FE_Timbre004=4f356e71899d4e6ac647d2ed22a81dd2"}));
     Abrir([](dlgLocal& d) {
-        EXPECT_EQ(d.Caption() + d.txtCopiaLocal.Text() + d.cuenta.txtUsuario.Text() + d.cuenta.txtPWD.Text(),
-                  "Configuración local/respaldosdemo4f356e71899d4e6ac647d2ed22a81dd2");
+        EXPECT_EQ(d.Caption() + d.txtCopiaLocal.Text() + d.cuenta.txtUsuario.Text() + d.cuenta.txtSucursal.Text() +
+                      d.cuenta.txtPWD.Text(),
+                  "Configuración local/respaldosdemo74f356e71899d4e6ac647d2ed22a81dd2");
         d.cuenta.txtPWD.Escribir(d.cuenta.txtPWDRep.Text());
         d.btnOK.Pulsar();
     });
