@@ -411,7 +411,9 @@ void Agregar(Contexto& c, const Linea& linea) {
         Falla(c, Q(direccion->Nombre()) + " no permite agregar " + nivel->cual + ".");
         return;
     }
-    if (Trim(nombre).empty()) {
+    // A name in quotes is taken without them, as escribir takes a text.
+    const std::string lugar = SinComillas(nombre);
+    if (Trim(lugar).empty()) {
         Falla(c, "falta el nombre.");
         return;
     }
@@ -419,7 +421,7 @@ void Agregar(Contexto& c, const Linea& linea) {
         Falla(c, "elija antes el país.");
         return;
     }
-    if (Enfocar(c, *direccion)) (direccion->*nivel->agregar)(nombre);
+    if (Enfocar(c, *direccion)) (direccion->*nivel->agregar)(lugar);
 }
 
 // --- marcar, pulsar, intro, esc ----------------------------------------------

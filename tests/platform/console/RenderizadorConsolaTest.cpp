@@ -312,8 +312,8 @@ TEST(RenderizadorConsolaOrdenes, PagesAddressesAndRowsAreDrawnAndActedOn) {
 }
 
 TEST(RenderizadorConsolaOrdenes, PlacesAreChosenAndAddedByLevelAndAPageOutOfUseStaysShut) {
-    Guion<DlgFolios> g("pagina tabs 2\nelegir dom estado jalisco\nagregar dom pais Perú\nagregar dom ciudad\n"
-                       "agregar dom ciudad Zapopan\n",
+    Guion<DlgFolios> g("pagina tabs 2\nelegir dom estado jalisco\nagregar dom pais Perú\nagregar dom ciudad \"\"\n"
+                       "agregar dom ciudad \"San Pedro Tlaquepaque\"\n",
                        [](DlgFolios& d) {
                            d.tabs.PaginaHabilitada(1, false);
                            d.dom.canaddcountry = false;
@@ -326,8 +326,8 @@ TEST(RenderizadorConsolaOrdenes, PlacesAreChosenAndAddedByLevelAndAPageOutOfUseS
                       "      estados: 1 Ciudad de México | >2 Jalisco | 3 Nuevo León", "      ciudades: 1 Guadalajara",
                       "Error: «dom» no permite agregar países.", "Error: falta el nombre.",
                       "      estados: 1 Ciudad de México | >2 Jalisco | 3 Nuevo León",
-                      "      ciudades: 1 Guadalajara | >2 Zapopan"}));
-    EXPECT_EQ(g.dlg.empresa.Contar("Ciudad WHERE Sys_PK = 6 AND Nombre = 'Zapopan' AND IEstado = 2"), 1);
+                      "      ciudades: 1 Guadalajara | >2 San Pedro Tlaquepaque"}));
+    EXPECT_EQ(g.dlg.empresa.Contar("Ciudad WHERE Sys_PK = 6 AND Nombre = 'San Pedro Tlaquepaque' AND IEstado = 2"), 1);
 }
 
 TEST(RenderizadorConsolaOrdenes, EndOfInputClosesTheWindowAsItsXWouldAndARefusedCloseHidesIt) {
